@@ -1,0 +1,18 @@
+// Writing the 1:1 pictures in their file formats.
+#pragma once
+
+#include "assets/picture_list.h"
+
+#include <QImage>
+#include <QString>
+
+namespace brusbo {
+
+// The 1:1 picture that the master in `masters_folder` gives: at most 256 colours and transparent or
+// opaque pixels only where it is stored as a GIF. Null if the master cannot be rendered.
+QImage one_to_one_picture(const PictureEntry& entry, const QString& masters_folder);
+
+// Writes a picture made by one_to_one_picture() as GIF or as 24-bit bitmap, by the file's ending.
+bool write_picture(const QImage& picture, const QString& path);
+
+}  // namespace brusbo

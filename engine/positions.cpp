@@ -1,0 +1,167 @@
+#include "engine/positions.h"
+
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <string>
+#include <system_error>
+
+#include "engine/moves.h"
+#include "engine/state.h"
+#include "engine/turn.h"
+#include "engine/world.h"
+
+namespace brusbo {
+
+namespace {
+
+constexpr int record_size = 128;
+constexpr int longest_text = record_size - 2;
+constexpr int goal_record = 57;
+
+[[noreturn]] void stop(int error, const std::filesystem::path& path) {
+    throw std::system_error(error, std::generic_category(), path.string());
+}
+
+/// Opens without truncating; a missing file is created.
+std::fstream open_positions(const std::filesystem::path& path) {
+    std::error_code ignored;
+    const auto kind = std::filesystem::status(path, ignored).type();
+    // Neither has records to go to; opening a pipe could also wait for ever.
+    if (kind == std::filesystem::file_type::directory) stop(EISDIR, path);
+    if (kind == std::filesystem::file_type::fifo || kind == std::filesystem::file_type::socket)
+        stop(ESPIPE, path);
+
+    using std::ios;
+    errno = 0;
+    std::fstream file(path, ios::in | ios::out | ios::app | ios::binary);
+    if (!file.is_open()) {
+        const int error = errno != 0 ? errno : EIO;
+        file.open(path, ios::in | ios::binary);
+        if (!file.is_open()) stop(error, path);
+    }
+    file.seekg(0);
+    if (!file) stop(ESPIPE, path);
+    return file;
+}
+
+/// The value of record n, 1..113; what lies behind the end of the file reads as zero bytes.
+std::int32_t record_value(std::istream& file, int n) {
+    std::array<char, record_size> record{};
+    file.clear();
+    file.seekg(std::streamoff{record_size} * (n - 1));
+    if (file) file.read(record.data(), record_size);
+    if (file.bad()) throw std::system_error(EIO, std::generic_category(), "brs.dat");
+
+    const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(record[at]); };
+    const unsigned length = byte(0) + 256U * byte(1);
+    if (length > longest_text)
+        throw std::system_error(std::make_error_code(std::errc::bad_message), "brs.dat");
+    return whole_number({record.data() + 2, length});
+}
+
+/// Copies the characters that can continue a number, blanks left out, to `number`; what follows an
+/// incomplete exponent is left out too. Returns how many.
+std::size_t copy_number(std::string_view text, char* number) {
+    std::size_t size = 0;
+    std::size_t complete = 0;  // up to here it is a number even if nothing more follows
+    bool point = false;
+    bool exponent = false;
+    bool sign_allowed = true;
+    for (const char c : text) {
+        if (c == ' ' || c == '\t' || c == '\n') continue;
+        if (c >= '0' && c <= '9') {
+            complete = size + 1;
+        } else if (c == '.' && !point && !exponent) {
+            point = true;
+        } else if ((c == 'e' || c == 'E') && !exponent && complete != 0) {
+            exponent = true;
+        } else if ((c != '+' && c != '-') || !sign_allowed) {
+            break;
+        }
+        sign_allowed = c == 'e' || c == 'E';
+        number[size++] = c;
+    }
+    return complete;
+}
+
+}  // namespace
+
+std::int32_t whole_number(std::string_view text) {
+    std::string number(text.size(), '\0');
+    number.resize(copy_number(text, number.data()));
+    // from_chars knows no plus in front, neither of the number nor of its exponent's digits.
+    std::string_view digits = number;
+    if (digits.starts_with('+')) digits.remove_prefix(1);
+
+    double value = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (result.ec == std::errc::result_out_of_range) {
+        // Too small for a double is zero, too large is too large for 32 bits all the more.
+        const auto e = digits.find_first_of("eE");
+        const bool tiny = e != std::string_view::npos && digits[e + 1] == '-';
+        value = tiny ? 0 : std::numeric_limits<double>::infinity();
+    }
+
+    const double below = std::floor(value);
+    const double fraction = value - below;
+    const bool up = fraction > 0.5 || (fraction == 0.5 && std::fmod(below, 2.0) != 0.0);
+    const double rounded = up ? below + 1 : below;
+    if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
+          rounded <= std::numeric_limits<std::int32_t>::max()))
+        throw std::system_error(std::make_error_code(std::errc::result_out_of_range), "brs.dat");
+    return static_cast<std::int32_t>(rounded);
+}
+
+void read_positions(std::istream& file) {
+    constexpr int ring = 40;
+    for (const int axis : {axis_x, axis_y}) {
+        const int offset = axis == axis_x ? 0 : goal_record;
+        for (int r = 1; r <= 44; ++r) Positioner[1][axis][r] = record_value(file, offset + r);
+        for (int p = 2; p <= most_players; ++p) {
+            for (int r = 1; r <= ring; ++r)
+                Positioner[p][axis][r] = Positioner[1][axis][(r - 1 + 10 * (p - 1)) % ring + 1];
+            for (int r = 41; r <= 44; ++r)
+                Positioner[p][axis][r] = record_value(file, offset + r + 4 * (p - 1));
+        }
+        const std::int32_t goal = record_value(file, goal_record);
+        for (int p = 1; p <= most_players; ++p) Positioner[p][axis][square_goal] = goal;
+    }
+}
+
+void Ladda_Positioner() {
+    {
+        std::fstream file = open_positions(std::filesystem::current_path() / "brs.dat");
+        read_positions(file);
+    }
+    for (int p = 1; p <= most_players; ++p) {
+        const LayoutPlace nest = screen().layout_place({Element::Pjäs, pieces_each * (p - 1)});
+        Spelare[p].Bo_x = static_cast<std::int32_t>(std::nearbyint(nest.left));
+        Spelare[p].Bo_y = static_cast<std::int32_t>(std::nearbyint(nest.top));
+    }
+    for (int j = 0; j < pieces_each; ++j)
+        for (int p = 1; p <= most_players; ++p)
+            Spelare[p].Bildnr[j] = static_cast<std::uint8_t>(pieces_each * (p - 1) + j);
+    for (int b = 0; b < piece_count; ++b) {
+        const int owner = Vilken_pjäs(static_cast<std::int16_t>(b));
+        screen().set_picture({Element::Pjäs, b}, piece_picture(owner));
+        screen().set_picture({Element::Plus, b}, {Store::gimgPlus, 0});
+    }
+    screen().set_picture(Element::mnuArkiv, {Store::gimgArkiv, 0});
+    screen().set_picture(Element::mnuOm, {Store::gimgOm, 0});
+    screen().set_picture(Element::butMini, {Store::gimgMinimera, 0});
+    screen().set_picture(Element::butAvsluta, {Store::GimgAvsluta, 0});
+}
+
+void move_to_nest_place(int b) {
+    constexpr int apart = 42;  // pixels
+    const Spelardata& owner = Spelare[b / pieces_each + 1];
+    screen().move({Element::Pjäs, b}, owner.Bo_x + apart * (b % 2),
+                  owner.Bo_y + apart * (b % pieces_each / 2));
+}
+
+}  // namespace brusbo

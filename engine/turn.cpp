@@ -1,0 +1,58 @@
+#include "engine/turn.h"
+
+#include <cassert>
+#include <string_view>
+
+#include "engine/die.h"
+#include "engine/markings.h"
+#include "engine/new_game.h"
+#include "engine/sound.h"
+#include "engine/state.h"
+#include "engine/world.h"
+
+namespace brusbo {
+
+namespace {
+
+/// Whether the upper-case form of the last character is S; the old long s is one of the three.
+bool ends_in_s(std::string_view name) {
+    return name.ends_with('s') || name.ends_with('S') || name.ends_with("ſ");
+}
+
+}  // namespace
+
+void butNästa_Click() {
+    if (!butNästa_visible) return;
+    const InvariantGuard guard;
+
+    Spela_ljud(sound_click);
+    Tärning_enabled = true;
+    screen().set_enabled(Element::Tärning, true);
+    Aktuell_spelare =
+        Aktuell_spelare < Antal_spelare ? static_cast<std::int16_t>(Aktuell_spelare + 1) : 1;
+    butNästa_visible = false;
+    screen().set_visible(Element::butNästa, false);
+    Med(ask_for_throw);
+    Visa_tur();
+    Move_BackShape();
+    show_finished_count();
+}
+
+void Visa_tur() {
+    const std::string_view name = Spelare[Aktuell_spelare].Namn;
+    screen().set_text(Element::labVisa_tur, joined({name, ends_in_s(name) ? " tur!" : "s tur!"}));
+    screen().set_picture(Element::imgVisa_tur, piece_picture(Aktuell_spelare));
+}
+
+void show_finished_count() {
+    screen().set_text(
+        Element::labPjäser_klara,
+        joined({"Antal pjäser klara: ", digit(Spelare[Aktuell_spelare].Antal_klara)}));
+}
+
+StorePicture piece_picture(int player) {
+    assert(player >= 1 && player <= most_players);
+    return {static_cast<Store>(static_cast<int>(Store::gimgRöd) + player - 1), 0};
+}
+
+}  // namespace brusbo
