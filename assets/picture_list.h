@@ -10,14 +10,15 @@ namespace brusbo {
 
 // Coordinates and sizes are device-independent pixels; one unit of a master is one such pixel.
 struct PictureEntry {
-    const char* name;     // file in assets/pictures/, with its ending
+    const char* name;  // file in assets/pictures/, with its ending
     int width;
     int height;
-    const char* master;   // file in assets/masters/
-    int x;                // top left corner of the picture on its master
+    const char* master;  // file in assets/masters/
+    int x;               // top left corner of the picture on its master
     int y;
-    bool opaque;          // no pixel of the picture is transparent
-    std::uint32_t matte;  // 0xRRGGBB that the soft edge is mixed with where one pixel stays one pixel
+    bool opaque;  // no pixel of the picture is transparent
+    std::uint32_t
+        matte;  // 0xRRGGBB that the soft edge is mixed with where one pixel stays one pixel
 };
 
 inline constexpr std::uint32_t dark_wood_matte = 0x1E1006;

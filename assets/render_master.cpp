@@ -10,17 +10,18 @@ namespace brusbo {
 
 namespace {
 
-// Replaces the first start tag of the root element, whatever frame it gives, by one with this frame.
-QByteArray reframed(const QByteArray& master, QSize device_size, const QRectF& view)
-{
+// Replaces the first start tag of the root element, whatever frame it gives, by one with this
+// frame.
+QByteArray reframed(const QByteArray& master, QSize device_size, const QRectF& view) {
     const qsizetype begin = master.indexOf("<svg");
     const qsizetype end = master.indexOf('>', begin);
     if (begin < 0 || end < 0) {
         return {};
     }
     const auto number = [](double value) { return QByteArray::number(value, 'g', 15); };
-    QByteArray root = "<svg xmlns=\"http://www.w3.org/2000/svg\""
-                      " xmlns:xlink=\"http://www.w3.org/1999/xlink\" width=\"";
+    QByteArray root =
+        "<svg xmlns=\"http://www.w3.org/2000/svg\""
+        " xmlns:xlink=\"http://www.w3.org/1999/xlink\" width=\"";
     root += QByteArray::number(device_size.width());
     root += "\" height=\"" + QByteArray::number(device_size.height());
     root += "\" viewBox=\"" + number(view.x()) + ' ' + number(view.y()) + ' ';
@@ -30,8 +31,7 @@ QByteArray reframed(const QByteArray& master, QSize device_size, const QRectF& v
 
 }  // namespace
 
-QImage render_master(const QByteArray& master, QRect region, double ratio, QPointF phase)
-{
+QImage render_master(const QByteArray& master, QRect region, double ratio, QPointF phase) {
     const QRectF covered(phase, QSizeF(region.size()) * ratio);
     // A hair less than the next whole pixel, so that rounding noise does not add an empty column.
     const QSize device_size(static_cast<int>(std::ceil(covered.right() - 1e-6)),

@@ -13,22 +13,20 @@ namespace {
 
 constexpr int icon_master_side = 96;
 
-bool make_icon(const QString& folder, int side)
-{
+bool make_icon(const QString& folder, int side) {
     QFile master(folder + "/icon/brusbo.svg");
     if (!master.open(QIODevice::ReadOnly)) {
         return false;
     }
-    const QImage icon = brusbo::render_master(
-        master.readAll(), QRect(0, 0, icon_master_side, icon_master_side),
-        double(side) / icon_master_side);
+    const QImage icon =
+        brusbo::render_master(master.readAll(), QRect(0, 0, icon_master_side, icon_master_side),
+                              double(side) / icon_master_side);
     return !icon.isNull() && icon.save(folder + QString("/icon/brusbo-%1.png").arg(side), "PNG");
 }
 
 }  // namespace
 
-int main(int argc, char** argv)
-{
+int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     if (argc != 2) {

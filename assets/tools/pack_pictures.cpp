@@ -17,8 +17,7 @@ using brusbo::picture_list;
 using brusbo::PictureEntry;
 
 bool append_pixels(std::string& out, const PictureEntry& entry, const QString& folder,
-                   std::size_t index)
-{
+                   std::size_t index) {
     QImage picture(folder + "/pictures/" + entry.name);
     if (picture.size() != QSize(entry.width, entry.height)) {
         std::fprintf(stderr, "pack_pictures: %s is missing or not %d x %d\n", entry.name,
@@ -41,8 +40,7 @@ bool append_pixels(std::string& out, const PictureEntry& entry, const QString& f
 }
 
 // A string literal per line keeps the literals short enough for every compiler.
-bool append_master(std::string& out, const char* name, const QString& folder, std::size_t index)
-{
+bool append_master(std::string& out, const char* name, const QString& folder, std::size_t index) {
     QFile file(folder + "/masters/" + name);
     if (!file.open(QIODevice::ReadOnly)) {
         std::fprintf(stderr, "pack_pictures: cannot read the master %s\n", name);
@@ -58,15 +56,15 @@ bool append_master(std::string& out, const char* name, const QString& folder, st
 
 }  // namespace
 
-int main(int argc, char** argv)
-{
+int main(int argc, char** argv) {
     if (argc != 3) {
         std::fprintf(stderr, "usage: pack_pictures ASSETS_FOLDER OUTPUT_FILE\n");
         return 2;
     }
     const QString folder = QString::fromLocal8Bit(argv[1]);
-    std::string out = "// Made by pack_pictures.\n#include \"assets/packed_pictures.h\"\n"
-                      "namespace brusbo {\nnamespace {\n";
+    std::string out =
+        "// Made by pack_pictures.\n#include \"assets/packed_pictures.h\"\n"
+        "namespace brusbo {\nnamespace {\n";
     std::map<std::string, std::size_t> masters;
     for (std::size_t i = 0; i < picture_count; ++i) {
         const PictureEntry& entry = picture_list[i];
@@ -81,7 +79,8 @@ int main(int argc, char** argv)
     out += "}  // namespace\nconst PackedPicture packed_pictures[] = {\n";
     for (std::size_t i = 0; i < picture_count; ++i) {
         const std::string master = "master_" + std::to_string(masters.at(picture_list[i].master));
-        out += "    {pixels_" + std::to_string(i) + ", " + master + ", sizeof " + master + " - 1},\n";
+        out +=
+            "    {pixels_" + std::to_string(i) + ", " + master + ", sizeof " + master + " - 1},\n";
     }
     out += "};\n}  // namespace brusbo\n";
     QFile file(QString::fromLocal8Bit(argv[2]));

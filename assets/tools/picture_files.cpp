@@ -24,8 +24,7 @@ struct Counted {
     int count;
 };
 
-int channel(QRgb colour, int index)
-{
+int channel(QRgb colour, int index) {
     return static_cast<int>(colour >> (8U * static_cast<unsigned>(index))) & 0xFF;
 }
 
@@ -35,8 +34,7 @@ struct Box {
     int widest_channel = 0;
     int width = 0;
 
-    void measure()
-    {
+    void measure() {
         for (int c = 0; c < 3; ++c) {
             const auto less = [c](const Counted& a, const Counted& b) {
                 return channel(a.colour, c) < channel(b.colour, c);
@@ -50,8 +48,7 @@ struct Box {
         }
     }
 
-    QRgb mean() const
-    {
+    QRgb mean() const {
         long sums[3] = {0, 0, 0};
         long total = 0;
         for (const Counted& counted : colours) {
@@ -60,17 +57,14 @@ struct Box {
             }
             total += counted.count;
         }
-        const auto rounded = [&](int c) {
-            return static_cast<int>((sums[c] + total / 2) / total);
-        };
+        const auto rounded = [&](int c) { return static_cast<int>((sums[c] + total / 2) / total); };
         return qRgb(rounded(2), rounded(1), rounded(0));
     }
 };
 
 // Halves the widest box until the palette is full; the error of a colour stays below the width of
 // its box, two or three steps of a channel for the pictures of this program.
-std::map<QRgb, QRgb> reduced_palette(const std::map<QRgb, int>& histogram)
-{
+std::map<QRgb, QRgb> reduced_palette(const std::map<QRgb, int>& histogram) {
     std::vector<Box> boxes(1);
     for (const auto& [colour, count] : histogram) {
         boxes[0].colours.push_back({colour, count});
@@ -106,13 +100,9 @@ std::map<QRgb, QRgb> reduced_palette(const std::map<QRgb, int>& histogram)
     return palette;
 }
 
-bool is_gif(const QString& name)
-{
-    return name.endsWith(".gif");
-}
+bool is_gif(const QString& name) { return name.endsWith(".gif"); }
 
-void reduce_colours(QImage& picture)
-{
+void reduce_colours(QImage& picture) {
     std::map<QRgb, int> histogram;
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
@@ -136,8 +126,13 @@ void reduce_colours(QImage& picture)
     }
 }
 
-bool write_gif(const QImage& picture, const QString& path)
-{
+// giflib's own way to open a file makes it readable by its owner only.
+int append(GifFileType* gif, const GifByteType* bytes, int length) {
+    return static_cast<int>(
+        static_cast<QFile*>(gif->UserData)->write(reinterpret_cast<const char*>(bytes), length));
+}
+
+bool write_gif(const QImage& picture, const QString& path) {
     std::map<QRgb, int> indexes;
     bool transparent = false;
     for (int y = 0; y < picture.height(); ++y) {
@@ -158,7 +153,8 @@ bool write_gif(const QImage& picture, const QString& path)
                                   static_cast<GifByteType>(qBlue(colour))};
     }
     int error = 0;
-    GifFileType* gif = EGifOpenFileName(QFile::encodeName(path).constData(), false, &error);
+    QFile file(path);
+    GifFileType* gif = file.open(QIODevice::WriteOnly) ? EGifOpen(&file, append, &error) : nullptr;
     if (gif == nullptr) {
         GifFreeMapObject(colours);
         return false;
@@ -189,8 +185,7 @@ bool write_gif(const QImage& picture, const QString& path)
 
 }  // namespace
 
-QImage one_to_one_picture(const PictureEntry& entry, const QString& masters_folder)
-{
+QImage one_to_one_picture(const PictureEntry& entry, const QString& masters_folder) {
     QFile file(masters_folder + '/' + entry.master);
     if (!file.open(QIODevice::ReadOnly)) {
         return {};
@@ -218,8 +213,7 @@ QImage one_to_one_picture(const PictureEntry& entry, const QString& masters_fold
     return picture;
 }
 
-bool write_picture(const QImage& picture, const QString& path)
-{
+bool write_picture(const QImage& picture, const QString& path) {
     if (is_gif(path)) {
         return write_gif(picture, path);
     }
