@@ -78,8 +78,8 @@ void Player::open_stream(Clip clip) {
     pa_stream_set_write_callback(
         stream_, [](pa_stream*, std::size_t wanted, void* self) { player(self)->write(wanted); },
         this);
-    if (pa_stream_connect_playback(stream_, nullptr, nullptr, PA_STREAM_NOFLAGS, nullptr,
-                                   nullptr) < 0) {
+    if (pa_stream_connect_playback(stream_, nullptr, nullptr, PA_STREAM_NOFLAGS, nullptr, nullptr) <
+        0) {
         close_stream();
     }
 }

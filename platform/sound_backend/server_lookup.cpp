@@ -28,8 +28,7 @@ fs::path from_environment(const char* name) {
 
 bool is_own_directory(const fs::path& path) {
     struct stat status {};
-    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
-           status.st_uid == getuid();
+    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == getuid();
 }
 
 bool is_cookie(const fs::path& path) {

@@ -33,11 +33,16 @@ pa_sample_format_t sample_format(unsigned coding, unsigned bits) {
     if (coding == float_samples) return bits == 32 ? PA_SAMPLE_FLOAT32LE : PA_SAMPLE_INVALID;
     if (coding != integer_samples) return PA_SAMPLE_INVALID;
     switch (bits) {
-        case 8: return PA_SAMPLE_U8;
-        case 16: return PA_SAMPLE_S16LE;
-        case 24: return PA_SAMPLE_S24LE;
-        case 32: return PA_SAMPLE_S32LE;
-        default: return PA_SAMPLE_INVALID;
+        case 8:
+            return PA_SAMPLE_U8;
+        case 16:
+            return PA_SAMPLE_S16LE;
+        case 24:
+            return PA_SAMPLE_S24LE;
+        case 32:
+            return PA_SAMPLE_S32LE;
+        default:
+            return PA_SAMPLE_INVALID;
     }
 }
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/elements.h"
+#include "platform/window.h"
+
+namespace brusbo {
+
+/// The about window.
+class frmOm : public Window {
+   public:
+    frmOm();
+
+   protected:
+    void close_requested() override;
+    void paintEvent(QPaintEvent* event) override;
+
+   private:
+    void Klar_Click();
+};
+
+}  // namespace brusbo

@@ -1,0 +1,101 @@
+#include "dialogs/program.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPalette>
+#include <QStyleFactory>
+#include <QWindow>
+#include <exception>
+
+#include "engine/engine.h"
+#include "platform/accessible.h"
+#include "platform/ending.h"
+#include "platform/pause.h"
+
+namespace brusbo {
+
+Program::Program() = default;
+Program::~Program() = default;
+
+void Program::Main() {
+    // Loading is the first action: whatever the players do meanwhile comes after it.
+    const auto load_soon = [this] {
+        QMetaObject::invokeMethod(
+            Startfrm_.get(), [this] { load(); }, Qt::QueuedConnection);
+    };
+    Startfrm_ = std::make_unique<Startfrm>([this] { MFrm_->show_active(); }, load_soon);
+    gate_.hold();
+    Startfrm_->show_active();
+}
+
+void Program::load() {
+    gate_.release([this] {
+        Startfrm_->Form_Load();
+        MFrm_ = std::make_unique<MFrm>(*this);
+        elements_ = std::make_unique<MFrmElements>(*MFrm_);
+        connect(*elements_, *this);
+        try {
+            MFrm_->Form_Load();
+        } catch (const std::exception& error) {
+            stop_with_message(QString::fromLocal8Bit(error.what()));
+        }
+    });
+}
+
+void Program::play_sound(std::string_view file_name) {
+    const auto name = QString::fromUtf8(file_name.data(), static_cast<qsizetype>(file_name.size()));
+    sound_.play(QDir::current().filePath(name));
+}
+
+void Program::pause(int milliseconds) { brusbo::pause(milliseconds); }
+
+double Program::time_of_day() { return brusbo::time_of_day(); }
+
+void Program::seed_random(double seed) { random_.seed(seed); }
+
+float Program::random_value() { return random_.value(); }
+
+void Program::beep() { QApplication::beep(); }
+
+void Program::show_Grattis() {
+    Grattis_ = std::make_unique<Grattis>();
+    Grattis_->center_on(MFrm_->frameGeometry());
+    Grattis_->show_modal();
+    // The click that closed the window may still be on its way through its button.
+    Grattis_.release()->deleteLater();
+    MFrm_->show_active();
+}
+
+void Program::close_Grattis() {
+    if (Grattis_) Grattis_->hide();
+}
+
+void Program::show_Startfrm() { Startfrm_->show_modal(); }
+
+void Program::show_frmOm() {
+    auto* const window = new frmOm;
+    window->show_modal();
+    window->deleteLater();
+    MFrm_->show_active();
+}
+
+void Program::show_Slut() {
+    if (!Slut_) {
+        Slut_ = std::make_unique<Slut>();
+        Slut_->winId();
+        Slut_->windowHandle()->setTransientParent(MFrm_->windowHandle());
+        Slut_->center_on(MFrm_->frameGeometry());
+    }
+    Slut_->show_active();
+}
+
+void prepare_application() {
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(QPalette(QColor(240, 240, 240)));
+    QApplication::setQuitOnLastWindowClosed(false);
+    // A blinking cursor would wake the program twice a second.
+    QApplication::setCursorFlashTime(0);
+    install_accessible_buttons();
+}
+
+}  // namespace brusbo

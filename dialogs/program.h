@@ -1,0 +1,59 @@
+#pragma once
+
+#include <memory>
+
+#include "dialogs/frm_om.h"
+#include "dialogs/grattis.h"
+#include "dialogs/slut.h"
+#include "dialogs/startfrm.h"
+#include "engine/services.h"
+#include "mainwindow/mfrm.h"
+#include "mainwindow/mfrm_elements.h"
+#include "platform/input_gate.h"
+#include "platform/random.h"
+#include "platform/sound.h"
+
+namespace brusbo {
+
+/// The running program: its windows, and what the rules want of the world outside the main window.
+/// One at a time, after prepare_application().
+class Program : public Services, public OtherWindows {
+   public:
+    Program();
+    ~Program() override;
+
+    /// The start-up procedure: creates and shows the start window. The main window is loaded as
+    /// soon as that window has been painted, before any input is handled.
+    void Main();
+
+    void play_sound(std::string_view file_name) override;
+    void pause(int milliseconds) override;
+    double time_of_day() override;
+    void seed_random(double seed) override;
+    float random_value() override;
+    void beep() override;
+    void show_Grattis() override;
+    void close_Grattis() override;
+    void show_Startfrm() override;
+
+    void show_frmOm() override;
+    void show_Slut() override;
+
+   private:
+    void load();
+
+    InputGate gate_;
+    Random random_;
+    Sound sound_;
+    std::unique_ptr<Startfrm> Startfrm_;
+    std::unique_ptr<MFrm> MFrm_;
+    std::unique_ptr<MFrmElements> elements_;
+    std::unique_ptr<Grattis> Grattis_;
+    std::unique_ptr<Slut> Slut_;
+};
+
+/// What the QApplication needs before any window: our look on every desktop, and no end with the
+/// last window.
+void prepare_application();
+
+}  // namespace brusbo

@@ -1,0 +1,52 @@
+#include "mainwindow/picture_stores.h"
+#include <cassert>
+
+#include "platform/elements.h"
+
+namespace brusbo {
+
+namespace {
+
+struct StoreRow {
+    Store store;
+    const char* name;
+    int count;
+    Picture first;
+};
+
+constexpr StoreRow stores[] = {
+    {Store::gimgRöd, "gimgRöd", 1, Picture::piece_1},
+    {Store::gimgBlå, "gimgBlå", 1, Picture::piece_2},
+    {Store::gimgGrön, "gimgGrön", 1, Picture::piece_3},
+    {Store::gimgGul, "gimgGul", 1, Picture::piece_4},
+    {Store::T, "T", 6, Picture::die_1},
+    {Store::gimgPlus, "gimgPlus", 1, Picture::marker},
+    {Store::gimgArkiv, "gimgArkiv", 2, Picture::arkiv_0},
+    {Store::gimgOm, "gimgOm", 2, Picture::om_0},
+    {Store::gimgMinimera, "gimgMinimera", 2, Picture::minimise_0},
+    {Store::GimgAvsluta, "GimgAvsluta", 2, Picture::close_0},
+};
+
+}  // namespace
+
+Picture picture_of(StorePicture picture) {
+    const StoreRow& row = stores[static_cast<int>(picture.store)];
+    assert(row.store == picture.store && picture.index >= 0 && picture.index < row.count);
+    return nth(row.first, picture.index);
+}
+
+PictureStores::PictureStores(QWidget* board) : QWidget(board) {
+    set_up(*this, {"Grafik", {0, 0, 1, 1}, "", false});
+    for (const StoreRow& row : stores) {
+        for (int index = 0; index < row.count; ++index) {
+            const Picture picture = nth(row.first, index);
+            const QByteArray name =
+                row.count == 1 ? QByteArray(row.name)
+                               : QByteArray(row.name) + '(' + QByteArray::number(index) + ')';
+            const QSize extent = brusbo::size(picture);
+            new Image(this, {name.constData(), {0, 0, extent.width(), extent.height()}}, picture);
+        }
+    }
+}
+
+}  // namespace brusbo

@@ -1,0 +1,141 @@
+#include "platform/input_gate.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QWidget>
+#include <QWindow>
+#include <cassert>
+#include <utility>
+
+namespace brusbo {
+
+namespace {
+
+InputGate* the_gate = nullptr;
+
+bool is_input(QObject* receiver, const QEvent& event) {
+    switch (event.type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::InputMethod:
+            return receiver->isWindowType() || receiver->isWidgetType();
+        // Widgets that move under a resting pointer are told so too; only the pointer's own way
+        // in and out of a window is input.
+        case QEvent::Enter:
+        case QEvent::Leave:
+            return receiver->isWindowType();
+        default:
+            return false;
+    }
+}
+
+QWidget* top_level_of(QObject* receiver) {
+    if (auto* widget = qobject_cast<QWidget*>(receiver)) return widget->window();
+    const auto windows = QApplication::topLevelWidgets();
+    for (QWidget* widget : windows)
+        if (widget->windowHandle() == receiver) return widget;
+    return nullptr;
+}
+
+bool blocked_by_modal(QObject* receiver) {
+    const QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr && top_level_of(receiver) != modal->window();
+}
+
+}  // namespace
+
+InputGate::InputGate() {
+    the_gate = this;
+    qApp->installEventFilter(this);
+}
+
+InputGate::~InputGate() { the_gate = nullptr; }
+
+InputGate& InputGate::instance() {
+    assert(the_gate != nullptr);
+    return *the_gate;
+}
+
+void InputGate::run(Function action) {
+    deliver([this, action = std::move(action)] {
+        hold();
+        release(action);
+    });
+}
+
+void InputGate::hold() {
+    running_ = true;
+    ++action_number_;
+}
+
+void InputGate::release(const Function& last_step) {
+    last_step();
+    running_ = false;
+    if (!kept_.empty()) deliver_kept_soon();
+}
+
+void InputGate::deliver(Function input) {
+    if (closed())
+        kept_.push_back({std::move(input), {}});
+    else
+        input();
+}
+
+bool InputGate::eventFilter(QObject* receiver, QEvent* event) {
+    if (!closed()) return false;
+    // Its key follows as an event of its own.
+    if (event->type() == QEvent::ShortcutOverride) return true;
+    if (!is_input(receiver, *event)) return false;
+    keep(receiver, *event);
+    return true;
+}
+
+void InputGate::keep(QObject* receiver, const QEvent& event) {
+    // A pointer on its way needs no more than its last place.
+    if (event.type() == QEvent::MouseMove && !kept_.empty() && !kept_.back().function) {
+        KeptEvent& last = kept_.back().event;
+        if (last.receiver == receiver && last.event->type() == QEvent::MouseMove &&
+            static_cast<const QMouseEvent&>(*last.event).buttons() ==
+                static_cast<const QMouseEvent&>(event).buttons()) {
+            last.event.reset(event.clone());
+            return;
+        }
+    }
+    kept_.push_back({{}, {receiver, std::unique_ptr<QEvent>(event.clone())}});
+}
+
+void InputGate::deliver_kept_soon() {
+    QMetaObject::invokeMethod(this, &InputGate::deliver_kept, Qt::QueuedConnection);
+}
+
+void InputGate::deliver_kept() {
+    if (running_ || delivering_) return;
+    delivering_ = true;
+    while (!kept_.empty() && delivering_ && !running_) {
+        const Kept next = std::move(kept_.front());
+        kept_.pop_front();
+        if (next.function)
+            next.function();
+        else if (next.event.receiver && !blocked_by_modal(next.event.receiver))
+            QCoreApplication::sendEvent(next.event.receiver, next.event.event.get());
+    }
+    delivering_ = false;
+}
+
+InputGate::Opening::Opening()
+    : running_(std::exchange(instance().running_, false)),
+      delivering_(std::exchange(instance().delivering_, false)) {
+    if (!instance().kept_.empty()) instance().deliver_kept_soon();
+}
+
+InputGate::Opening::~Opening() {
+    instance().running_ = running_;
+    instance().delivering_ = delivering_;
+}
+
+}  // namespace brusbo

@@ -1,0 +1,94 @@
+#include "platform/window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QPointer>
+#include <QScreen>
+#include <QWindow>
+
+#include "platform/input_gate.h"
+#include "platform/layout.h"
+
+namespace brusbo {
+
+namespace {
+
+// The program's active window stays the same while another program has the focus.
+QPointer<Window> active_window;
+
+}  // namespace
+
+Window::Window(const char* name, const char* caption, Qt::WindowFlags flags, QSize client)
+    : QWidget(nullptr, flags) {
+    setObjectName(QString::fromUtf8(name));
+    setWindowTitle(QString::fromUtf8(caption));
+    setFont(brusbo::font(Font::regular));
+    setFixedSize(client);
+}
+
+void Window::show_active() {
+    show();
+    raise();
+    activateWindow();
+    became_active();
+}
+
+void Window::show_modal() {
+    Window* const below = active_window;
+    setWindowModality(Qt::ApplicationModal);
+    winId();
+    if (below != nullptr && below != this)
+        windowHandle()->setTransientParent(below->windowHandle());
+    QEventLoop loop;
+    modal_loop_ = &loop;
+    show_active();
+    {
+        const InputGate::Opening opening;
+        loop.exec();
+    }
+    windowHandle()->setTransientParent(nullptr);
+    setWindowModality(Qt::NonModal);
+}
+
+void Window::center_on(const QRect& area) {
+    move(area.center() - QPoint(width() - 1, height() - 1) / 2);
+}
+
+bool Window::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) became_active();
+    return QWidget::event(event);
+}
+
+void Window::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (!event->spontaneous()) became_active();
+}
+
+void Window::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    if (event->spontaneous()) return;
+    if (active_window == this) active_window = nullptr;
+    if (modal_loop_ != nullptr) {
+        modal_loop_->quit();
+        modal_loop_ = nullptr;
+    }
+}
+
+void Window::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    InputGate::instance().run([window = QPointer(this)] {
+        if (window) window->close_requested();
+    });
+}
+
+void Window::became_active() {
+    if (active_window == this) return;
+    active_window = this;
+    InputGate::instance().run([window = QPointer(this)] {
+        if (window) window->Form_Activate();
+    });
+}
+
+QRect screen_area() { return QGuiApplication::primaryScreen()->availableGeometry(); }
+
+}  // namespace brusbo

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QEventLoop>
+#include <QWidget>
+
+namespace brusbo {
+
+/// A window of the program. It never closes by itself: a close request from anywhere only calls
+/// close_requested(), in its turn after running actions; no key closes it.
+class Window : public QWidget {
+    Q_OBJECT
+
+   public:
+    /// The size is that of the client area, in device-independent pixels, and fixed.
+    Window(const char* name, const char* caption, Qt::WindowFlags flags, QSize client);
+
+    /// Shows the window, or brings it up, and makes it the active one.
+    void show_active();
+
+    /// Shows the window modally and returns when it has been hidden. Must run inside an action of
+    /// the InputGate.
+    void show_modal();
+
+    /// Where a modal window stays in front of: the window that was active when it was shown.
+    void center_on(const QRect& area);
+
+   protected:
+    /// The window has become the program's active window: it was shown, or another window of the
+    /// program was active before. Runs as an action of its own.
+    virtual void Form_Activate() {}
+
+    virtual void close_requested() {}
+
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void closeEvent(QCloseEvent* event) final;
+
+   private:
+    void became_active();
+
+    QEventLoop* modal_loop_ = nullptr;
+};
+
+/// The area of the screen that windows are centred on, device-independent pixels.
+QRect screen_area();
+
+}  // namespace brusbo
