@@ -9,7 +9,9 @@ include(cmake/release.cmake)
 # The program with all it loads at run time, and nothing else.
 add_custom_target(program DEPENDS brusbo $<TARGET_NAME_IF_EXISTS:brusbo_sound>)
 
-set(brusbo_program_dir ${CMAKE_INSTALL_LIBDIR}/brusbo)
+# The sound part is looked for beside the program. It is no library for others, so the folder is not
+# one that ldconfig reads.
+set(brusbo_program_dir ${CMAKE_INSTALL_LIBEXECDIR}/brusbo)
 set(brusbo_data_dir ${CMAKE_INSTALL_DATADIR}/brusbo)
 set(brusbo_doc_dir ${CMAKE_INSTALL_DATAROOTDIR}/doc/brusbo)
 set(brusbo_generated ${PROJECT_BINARY_DIR}/packaging)
@@ -19,7 +21,7 @@ set(brusbo_generated ${PROJECT_BINARY_DIR}/packaging)
 file(RELATIVE_PATH brusbo_data_from_bin
   ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_DATADIR}/brusbo)
 file(RELATIVE_PATH brusbo_program_from_bin
-  ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/brusbo)
+  ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBEXECDIR}/brusbo)
 
 foreach(name IN ITEMS brusbo brusbo.6 brusbo.sv.6 org.example.brusbo.metainfo.xml
                       changelog.Debian)
