@@ -36,8 +36,8 @@ constexpr LabelRow labels[] = {
     {{"Label5", {120, 196, 59, 13}}, {Font::regular, white}, "Brusbo"},
     {{"Label3", {18, 212, 99, 17}}, {Font::bold, yellow}, "Ljud:"},
     {{"Label6", {120, 212, 59, 13}}, {Font::regular, white}, "Brusbo"},
-    {{"Label7", {18, 252, 119, 15}}, {Font::bold, white}, "© 2026"},
-    {{"Label8", {18, 266, 119, 15}}, {Font::bold, white}, "Brusbolaget"},
+    {{"Label7", {18, 252, 119, 15}}, {Font::bold, white}, "Copyright © 2026"},
+    {{"Label8", {18, 266, 119, 15}}, {Font::bold, white}, "Brusboteamet"},
 };
 
 constexpr ElementLook Klar{"Klar", {56, 320, 71, 33}, "Klar"};

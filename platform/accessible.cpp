@@ -3,7 +3,6 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QApplication>
 #include <QCheckBox>
 #include <QPointer>
 
@@ -19,9 +18,7 @@ QAccessible::Role role_of(const QAbstractButton& button) {
 }
 
 void click(QAbstractButton* button) {
-    const QWidget* modal = QApplication::activeModalWidget();
-    const bool blocked = modal != nullptr && button->window() != modal;
-    if (button->isVisible() && !blocked) button->click();
+    if (button->isVisible() && !blocked_by_modal(*button)) button->click();
 }
 
 class AccessibleButton : public QAccessibleWidget {

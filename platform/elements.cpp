@@ -17,7 +17,7 @@ constexpr QRgb black = 0xFF000000;
 void paint_face(QPainter& painter, const QRect& box, QColor face, bool pressed) {
     const QColor light = face.lighter(118);
     const QColor dark = face.darker(145);
-    painter.fillRect(box, pressed ? face.darker(112) : face);
+    painter.fillRect(box, face);
     const QRect inner = box.adjusted(1, 1, -1, -1);
     const auto edge = [&](QColor top_left, QColor bottom_right) {
         painter.fillRect(inner.left(), inner.top(), inner.width(), 1, top_left);
@@ -215,7 +215,7 @@ OptionButton::OptionButton(QWidget* parent, const ElementLook& look, QColor face
 
 void OptionButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paint_face(painter, rect(), isEnabled() ? face_ : face_.darker(150), isChecked() || isDown());
+    paint_face(painter, rect(), face_, isChecked() || isDown());
     if (isChecked()) {
         painter.setRenderHint(QPainter::Antialiasing);
         const QPointF middle = QRectF(rect()).center();

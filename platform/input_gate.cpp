@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QMouseEvent>
-#include <QWidget>
 #include <QWindow>
 #include <cassert>
 #include <utility>
@@ -42,12 +41,12 @@ QWidget* top_level_of(QObject* receiver) {
     return nullptr;
 }
 
-bool blocked_by_modal(QObject* receiver) {
-    const QWidget* modal = QApplication::activeModalWidget();
-    return modal != nullptr && top_level_of(receiver) != modal->window();
-}
-
 }  // namespace
+
+bool blocked_by_modal(const QWidget& widget) {
+    const QWidget* const modal = QApplication::activeModalWidget();
+    return modal != nullptr && widget.window() != modal;
+}
 
 InputGate::InputGate() {
     the_gate = this;
@@ -119,10 +118,13 @@ void InputGate::deliver_kept() {
     while (!kept_.empty() && delivering_ && !running_) {
         const Kept next = std::move(kept_.front());
         kept_.pop_front();
-        if (next.function)
+        if (next.function) {
             next.function();
-        else if (next.event.receiver && !blocked_by_modal(next.event.receiver))
-            QCoreApplication::sendEvent(next.event.receiver, next.event.event.get());
+        } else if (next.event.receiver) {
+            const QWidget* const window = top_level_of(next.event.receiver);
+            if (window != nullptr && !blocked_by_modal(*window))
+                QCoreApplication::sendEvent(next.event.receiver, next.event.event.get());
+        }
     }
     delivering_ = false;
 }

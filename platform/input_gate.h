@@ -3,11 +3,15 @@
 #include <QEvent>
 #include <QObject>
 #include <QPointer>
+#include <QWidget>
 #include <deque>
 #include <functional>
 #include <memory>
 
 namespace brusbo {
+
+/// Whether a modal window keeps input from a widget.
+bool blocked_by_modal(const QWidget& widget);
 
 /// Lets one action of the game run at a time. An action paints, pauses and may take seconds, while
 /// events go on being processed; input that arrives meanwhile is neither lost nor early: mouse,
