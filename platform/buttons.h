@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QColor>
+
+#include "platform/element.h"
+
+namespace brusbo {
+
+/// A flat label with a border that is clicked like a button.
+class LabelButton : public QAbstractButton {
+    Q_OBJECT
+
+   public:
+    LabelButton(QWidget* parent, const ElementLook& look, const char* text, QColor face);
+
+   protected:
+    void paintEvent(QPaintEvent* event) override;
+
+   private:
+    QColor face_;
+};
+
+/// A command button with a coloured face, pressed by mouse, blank or return.
+class CommandButton : public QAbstractButton {
+    Q_OBJECT
+
+   public:
+    CommandButton(QWidget* parent, const ElementLook& look, const char* text, QColor face,
+                  Font text_font = Font::regular);
+
+    QColor face() const { return face_; }
+    void set_face(QColor face);
+
+   protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+   private:
+    QColor face_;
+};
+
+/// An option button that is a coloured field; pressed in while chosen.
+class OptionButton : public QAbstractButton {
+    Q_OBJECT
+
+   public:
+    OptionButton(QWidget* parent, const ElementLook& look, QColor face);
+
+   protected:
+    void paintEvent(QPaintEvent* event) override;
+
+   private:
+    QColor face_;
+};
+
+/// A check box that fills its place.
+class CheckBox : public QCheckBox {
+    Q_OBJECT
+
+   public:
+    CheckBox(QWidget* parent, const ElementLook& look);
+
+   protected:
+    void paintEvent(QPaintEvent* event) override;
+    bool hitButton(const QPoint& place) const override { return rect().contains(place); }
+};
+
+}  // namespace brusbo

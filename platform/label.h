@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QLabel>
+
+#include "platform/element.h"
+
+namespace brusbo {
+
+/// A transparent label. Its text is always plain; it wraps or shrinks to stay inside the box.
+class Label : public QLabel {
+    Q_OBJECT
+
+   public:
+    struct Look {
+        Font font = Font::regular;
+        QRgb colour = 0xFF000000;
+        Qt::Alignment alignment = Qt::AlignLeft;
+        bool wraps = false;
+        /// Pixels that a single line may take; 0 means the width of the box.
+        int text_width = 0;
+    };
+
+    Label(QWidget* parent, const ElementLook& element, const Look& look, const char* text = "");
+
+    /// Replaces the text; a line that is too long for the box is set in a smaller size, and the
+    /// longest ones are cut short with an ellipsis at their smallest. text() gives all of it.
+    void set_text(const QString& text);
+    void set_colour(QColor colour);
+
+   protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+   private:
+    void fit();
+
+    Look look_;
+    QString accessible_;  ///< while there is no text
+    QString shown_;
+};
+
+}  // namespace brusbo

@@ -1,0 +1,42 @@
+#include "platform/name_box.h"
+
+#include <QValidator>
+#include <algorithm>
+
+namespace brusbo {
+
+namespace {
+
+/// Keeps a name within its length by leaving out the surplus just before the cursor, which is
+/// what was inserted last.
+class NameLength : public QValidator {
+   public:
+    using QValidator::QValidator;
+
+    State validate(QString& input, int& cursor) const override {
+        auto characters = input.toUcs4();
+        const auto surplus = characters.size() - NameBox::most_characters;
+        if (surplus > 0) {
+            const auto before = QStringView(input).left(cursor).toUcs4().size();
+            const auto first = std::max<decltype(surplus)>(before - surplus, 0);
+            characters.remove(first, surplus);
+            input = QString::fromUcs4(reinterpret_cast<const char32_t*>(characters.constData()),
+                                      characters.size());
+            cursor = static_cast<int>(
+                QString::fromUcs4(reinterpret_cast<const char32_t*>(characters.constData()), first)
+                    .size());
+        }
+        return Acceptable;
+    }
+};
+
+}  // namespace
+
+NameBox::NameBox(QWidget* parent, const ElementLook& look, const char* text) : QLineEdit(parent) {
+    setFont(brusbo::font(Font::regular));
+    setText(QString::fromUtf8(text));
+    setValidator(new NameLength(this));
+    set_up(*this, look);
+}
+
+}  // namespace brusbo
