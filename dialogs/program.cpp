@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QPalette>
 #include <QStyleFactory>
-#include <QWindow>
 #include <exception>
 
 #include "engine/engine.h"
@@ -82,8 +81,6 @@ void Program::show_frmOm() {
 void Program::show_Slut() {
     if (!Slut_) {
         Slut_ = std::make_unique<Slut>();
-        Slut_->winId();
-        Slut_->windowHandle()->setTransientParent(MFrm_->windowHandle());
         Slut_->center_on(MFrm_->frameGeometry());
     }
     Slut_->show_active();
@@ -92,6 +89,7 @@ void Program::show_Slut() {
 void prepare_application() {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(QPalette(QColor(240, 240, 240)));
+    QGuiApplication::setDesktopFileName(QStringLiteral("brusbo"));
     QApplication::setQuitOnLastWindowClosed(false);
     // A blinking cursor would wake the program twice a second.
     QApplication::setCursorFlashTime(0);

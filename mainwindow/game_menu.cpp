@@ -8,8 +8,9 @@
 
 namespace brusbo {
 
-GameMenu::GameMenu()
-    : mnuNytt_spel(addAction(QStringLiteral("Nytt spel"))),
+GameMenu::GameMenu(QWidget* parent)
+    : QMenu(parent),
+      mnuNytt_spel(addAction(QStringLiteral("Nytt spel"))),
       mnuNytt_snabbt(addAction(QStringLiteral("Nytt spel (snabbt, samma spelare)"))),
       mnuAvsluta(nullptr) {
     setObjectName(QStringLiteral("aaa"));

@@ -7,7 +7,7 @@ namespace brusbo {
 /// The popup menu `aaa`, "Arkiv".
 class GameMenu : public QMenu {
    public:
-    GameMenu();
+    explicit GameMenu(QWidget* parent);
 
     /// Shows the menu with its top-left corner at a place of the screen and returns what was
     /// chosen, or nullptr. Must run inside an action of the InputGate.

@@ -26,7 +26,8 @@ MFrm::MFrm(OtherWindows& other_windows)
              Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::MSWindowsFixedSizeDialogHint,
              main_layout::client_area),
-      other_windows_(other_windows) {
+      other_windows_(other_windows),
+      aaa_(this) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     make_title_bar();
     make_side_panel();
