@@ -26,6 +26,12 @@ constexpr ColourPair colours[] = {
 };
 
 constexpr ElementLook imgGrattis{"imgGrattis", {12, 12, 148, 46}, "Grattis!"};
+constexpr ElementLook gimgGrattis[] = {
+    {"gimgGrattis(0)", {0, 0, 148, 46}, "", false},
+    {"gimgGrattis(1)", {0, 0, 148, 46}, "", false},
+    {"gimgGrattis(2)", {0, 0, 148, 46}, "", false},
+    {"gimgGrattis(3)", {0, 0, 148, 46}, "", false},
+};
 constexpr ElementLook linje[] = {
     {"linje(0)", {16, 68, 279, 1}, "Skiljelinje"},
     {"linje(1)", {16, 110, 279, 1}, "Skiljelinje"},
@@ -69,6 +75,8 @@ void Grattis::make_elements() {
     };
     const QColor layout_face(colours[0].light);
 
+    for (int index = 0; index < most_players; ++index)
+        new Image(this, gimgGrattis[index], nth(Picture::banner_1, index));
     imgGrattis_ = new Image(this, imgGrattis);
     for (const ElementLook& look : linje)
         linje_.push_back(new Line(this, look, QColor(colours[0].strong)));
