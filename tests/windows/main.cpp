@@ -1,0 +1,27 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <cstdio>
+
+#include "dialogs/program.h"
+
+namespace {
+
+/// Leaves out what the offscreen platform says of every window that is raised.
+void log(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (!message.startsWith(QLatin1String("This plugin does not support")))
+        std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // The screen must hold the windows at every scale.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" BRUSBO_TEST_SCREEN);
+    qInstallMessageHandler(log);
+    testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    brusbo::prepare_application();
+    return RUN_ALL_TESTS();
+}
