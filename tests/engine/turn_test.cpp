@@ -90,7 +90,7 @@ TEST_F(Throw, RandomValuesToPlacesAndFaces) {
         {below_one, below_one, "1679", "5"},
         {0.5F, 0.5F, "1065", "3"},
         {below_half, below_half, "1064", "2"},
-        {0.25F, 0x1.555554p-3F, "757", "0"},  // the float next below a sixth
+        {0x1.aa401ap-11F, 0x1.555554p-3F, "450", "0"},  // next below 1/1230 and 1/6
         {0.75F, 0x1.555556p-3F, "1372", "1"},
     };
     std::string expected = "seed 43200.250000; sound s3.wav; ";
