@@ -33,7 +33,7 @@ struct Piece {
 
 class Photographer {
    public:
-    explicit Photographer(QDir folder) : folder_(std::move(folder)) {
+    explicit Photographer(const QDir& folder) : folder_(folder) {
         director_.Main();
         wait_for([] { return Antal_spelare != 0 && Spelare[1].Antal_i_boet == pieces_each; });
     }

@@ -29,7 +29,7 @@ class SoundRequests {
     int event() const { return event_; }
     std::string take() {
         const std::lock_guard lock(mutex_);
-        eventfd_t count;
+        eventfd_t count = 0;
         eventfd_read(event_, &count);
         return std::exchange(path_, {});
     }
