@@ -12,6 +12,11 @@ namespace {
 
 InputGate* the_gate = nullptr;
 
+bool is_mouse(const QEvent& event) {
+    return event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonRelease ||
+           event.type() == QEvent::MouseButtonDblClick || event.type() == QEvent::MouseMove;
+}
+
 bool is_input(QObject* receiver, const QEvent& event) {
     switch (event.type()) {
         case QEvent::MouseButtonPress:
@@ -95,17 +100,37 @@ bool InputGate::eventFilter(QObject* receiver, QEvent* event) {
 }
 
 void InputGate::keep(QObject* receiver, const QEvent& event) {
+    KeptEvent kept{receiver, std::unique_ptr<QEvent>(event.clone()), {}, {}};
+    if (is_mouse(event)) {
+        const auto& mouse = static_cast<const QMouseEvent&>(event);
+        kept.window_place = mouse.scenePosition();
+        kept.screen_place = mouse.globalPosition();
+    }
     // A pointer on its way needs no more than its last place.
     if (event.type() == QEvent::MouseMove && !kept_.empty() && !kept_.back().function) {
         KeptEvent& last = kept_.back().event;
         if (last.receiver == receiver && last.event->type() == QEvent::MouseMove &&
             static_cast<const QMouseEvent&>(*last.event).buttons() ==
                 static_cast<const QMouseEvent&>(event).buttons()) {
-            last.event.reset(event.clone());
+            last = std::move(kept);
             return;
         }
     }
-    kept_.push_back({{}, {receiver, std::unique_ptr<QEvent>(event.clone())}});
+    kept_.push_back({{}, std::move(kept)});
+}
+
+void InputGate::send(const KeptEvent& kept) {
+    if (!is_mouse(*kept.event)) {
+        QCoreApplication::sendEvent(kept.receiver, kept.event.get());
+        return;
+    }
+    // A mouse event shares its place in window and screen with the pointer, and the pointer has
+    // gone on.
+    const auto& mouse = static_cast<const QMouseEvent&>(*kept.event);
+    QMouseEvent again(mouse.type(), mouse.position(), kept.window_place, kept.screen_place,
+                      mouse.button(), mouse.buttons(), mouse.modifiers(), mouse.pointingDevice());
+    again.setTimestamp(mouse.timestamp());
+    QCoreApplication::sendEvent(kept.receiver, &again);
 }
 
 void InputGate::deliver_kept_soon() {
@@ -122,8 +147,7 @@ void InputGate::deliver_kept() {
             next.function();
         } else if (next.event.receiver) {
             const QWidget* const window = top_level_of(next.event.receiver);
-            if (window != nullptr && !blocked_by_modal(*window))
-                QCoreApplication::sendEvent(next.event.receiver, next.event.event.get());
+            if (window != nullptr && !blocked_by_modal(*window)) send(next.event);
         }
     }
     delivering_ = false;

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QObject>
+#include <QPointF>
 #include <QPointer>
 #include <QWidget>
 #include <deque>
@@ -66,18 +67,20 @@ class InputGate : public QObject {
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
    private:
-    void keep(QObject* receiver, const QEvent& event);
-    void deliver_kept_soon();
-    void deliver_kept();
-
     struct KeptEvent {
         QPointer<QObject> receiver;
         std::unique_ptr<QEvent> event;
+        QPointF window_place, screen_place;  // of a mouse event
     };
     struct Kept {
         Function function;  // empty where an event was kept
         KeptEvent event;
     };
+
+    void keep(QObject* receiver, const QEvent& event);
+    static void send(const KeptEvent& kept);
+    void deliver_kept_soon();
+    void deliver_kept();
 
     std::deque<Kept> kept_;
     bool running_ = false;
