@@ -61,22 +61,23 @@ pid_t PulseServer::spawn(const std::vector<std::string>& command, const std::str
 }
 
 void PulseServer::start() {
-    fs::remove(runtime_folder_ / "pulse/native");
-    const std::string ear = folder_ / "ear";
-    server_ = spawn({"pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--realtime=no",
-                     "--high-priority=no", "--exit-idle-time=-1", "-L",
-                     "module-pipe-sink file=" + ear +
-                         " use_system_clock_for_timing=yes format=s16le "
-                         "rate=44100 channels=1",
-                     "-L", "module-native-protocol-unix"},
-                    "server");
-    const auto has_ended = [](pid_t process) { return waitpid(process, nullptr, WNOHANG) != 0; };
+    const fs::path ear = folder_ / "ear";
+    fs::remove(ear);
+    // The pipe comes last: once it is there, so is all else.
+    server_ = spawn(
+        {"pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--realtime=no",
+         "--high-priority=no", "--exit-idle-time=-1", "-L", "module-native-protocol-unix", "-L",
+         "module-pipe-sink use_system_clock_for_timing=yes format=s16le rate=44100 "
+         "channels=1 file=" +
+             ear.string()},
+        "server");
     wait_until(
         [&] {
-            if (has_ended(server_)) throw std::runtime_error(contents(folder_ / "server.log"));
-            return fs::exists(runtime_folder_ / "pulse/native");
+            const bool has_ended = waitpid(server_, nullptr, WNOHANG) != 0;
+            if (has_ended) throw std::runtime_error(contents(folder_ / "server.log"));
+            return fs::exists(ear);
         },
-        "the server's socket");
+        "the server");
     recorder_ = spawn({"cat", ear}, "recording");
     wait_until([this] { return !recording().empty(); }, "the first sample");
 }
