@@ -12,11 +12,6 @@
 
 #include "platform/sound_backend/sound_requests.h"
 
-// Where the build installs libraries, relative to the folder above the program's own.
-#ifndef BRUSBO_LIBDIR
-#define BRUSBO_LIBDIR "lib"
-#endif
-
 namespace brusbo {
 
 namespace {
@@ -29,12 +24,8 @@ SoundLoop load_sound_loop() {
     std::error_code no_program;
     const auto folder = std::filesystem::read_symlink("/proc/self/exe", no_program).parent_path();
     if (no_program) return nullptr;
-    for (const auto& place :
-         {folder, folder / ".." / BRUSBO_LIBDIR / "brusbo", folder / ".." / "lib" / "brusbo"}) {
-        void* const module = dlopen((place / sound_module_name).c_str(), RTLD_NOW | RTLD_LOCAL);
-        if (module) return reinterpret_cast<SoundLoop>(dlsym(module, sound_loop_name));
-    }
-    return nullptr;
+    void* const module = dlopen((folder / sound_module_name).c_str(), RTLD_NOW | RTLD_LOCAL);
+    return module ? reinterpret_cast<SoundLoop>(dlsym(module, sound_loop_name)) : nullptr;
 }
 
 }  // namespace
