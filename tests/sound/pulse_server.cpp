@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -54,6 +55,8 @@ pid_t PulseServer::spawn(const std::vector<std::string>& command, const std::str
     };
     redirect(out, STDOUT_FILENO);
     redirect(err, STDERR_FILENO);
+    // A test that is killed leaves no server behind.
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
     setenv("HOME", folder_.c_str(), 1);
     setenv("XDG_RUNTIME_DIR", runtime_folder_.c_str(), 1);
     execvp(arguments[0], arguments.data());
