@@ -31,6 +31,7 @@ class World final : public Services {
     std::function<void(int number)> at_pause = [](int) {};  ///< counted from 1
     std::function<void()> at_sound = [] {};
     int pauses = 0;
+    int winners = 0;
     /// Every so many pauses let the event loop run; the others are skipped.
     int pauses_to_real_one = 1;
 
@@ -49,7 +50,10 @@ class World final : public Services {
     void seed_random(double seed) override { program_.seed_random(seed); }
     float random_value() override;
     void beep() override { note("beep"); }
-    void show_Grattis() override { program_.show_Grattis(); }
+    void show_Grattis() override {
+        ++winners;
+        program_.show_Grattis();
+    }
     void close_Grattis() override { program_.close_Grattis(); }
     void show_Startfrm() override { program_.show_Startfrm(); }
 

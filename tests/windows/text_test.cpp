@@ -1,0 +1,134 @@
+// Every text is readable in full inside its box, at whatever scale the tests run.
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextLayout>
+
+#include "tests/windows/stage.h"
+
+namespace brusbo::test {
+namespace {
+
+class Text : public Stage {
+   protected:
+    /// Where the text of a label leaves traces, in logical places of the label; what is cut off at
+    /// an edge reaches that edge.
+    static QRectF ink(Label& label) {
+        const QString text = label.text();
+        const QImage with = label.window()->grab().toImage();
+        label.set_text(QString());
+        const QImage without = label.window()->grab().toImage();
+        label.set_text(text);
+        QRect traces;
+        for (int y = 0; y < with.height(); ++y)
+            for (int x = 0; x < with.width(); ++x)
+                if (with.pixel(x, y) != without.pixel(x, y)) traces |= QRect(x, y, 1, 1);
+        const double scale = with.devicePixelRatio();
+        return QRectF(QPointF(traces.topLeft()) / scale, QSizeF(traces.size()) / scale)
+            .translated(-label.mapTo(label.window(), QPointF()));
+    }
+
+    /// `width` where the text may not use the whole box.
+    static void expect_fits(Label& label, int width = 0) {
+        const std::string what = label.window()->objectName().toStdString() + "/" +
+                                 label.objectName().toStdString() + ": " +
+                                 label.text().toStdString();
+        const QRectF box(0, 0, width > 0 ? width : label.width(), label.height());
+        const QRectF traces = ink(label);
+        EXPECT_TRUE(box.contains(traces)) << what;
+        EXPECT_LT(traces.bottom(), box.bottom()) << what << " is cut off below";
+        EXPECT_LT(traces.right(), box.right() + (width > 0 ? 0 : 1)) << what;
+        // Nothing was left out to make it fit.
+        const QRectF needed =
+            QFontMetricsF(label.font())
+                .boundingRect(QRectF(0, 0, box.width(), 10'000),
+                              label.wordWrap() ? Qt::TextWordWrap : 0, label.text().trimmed());
+        EXPECT_LE(needed.width(), box.width() + 0.5) << what;
+        EXPECT_LE(needed.height(), box.height() + 1) << what;
+        EXPECT_GE(label.font().pixelSize(), 8) << what;
+    }
+
+    static void expect_all_fit(const std::string& name) {
+        for (Label* label : window(name)->findChildren<Label*>())
+            if (label->isVisible() && !label->text().isEmpty()) expect_fits(*label);
+        for (QAbstractButton* each : window(name)->findChildren<QAbstractButton*>())
+            EXPECT_LE(each->fontMetrics().horizontalAdvance(each->text()), each->width() - 8)
+                << each->text().toStdString();
+    }
+
+    static Label& label(const std::string& name) { return dynamic_cast<Label&>(at(name)); }
+};
+
+TEST_F(Text, EveryMessage) {
+    start();
+    for (const std::string& message : messages()) {
+        Med(message);
+        expect_fits(label("labMeddelande"));
+        EXPECT_EQ(label("labMeddelande").font().pixelSize(), 11) << message;
+    }
+}
+
+TEST_F(Text, EveryWindow) {
+    start(4);
+    throw_die(6);
+    expect_all_fit("MFrm");
+    click("butTvå_pjäser");
+    settle();
+    expect_all_fit("MFrm");
+    when_shown("frmOm", [] {
+        expect_all_fit("frmOm");
+        click("frmOm/Klar");
+    });
+    click("mnuOm");
+}
+
+TEST_F(Text, StartWindow) {
+    load();
+    expect_all_fit("Startfrm");
+}
+
+TEST_F(Text, FarewellInFull) {
+    start();
+    click("butAvsluta");
+    expect_all_fit("Slut");
+    auto& words = dynamic_cast<QPlainTextEdit&>(at("Slut/Text"));
+    const double height = words.viewport()->height();
+    double bottom = 0;
+    int lines = 0;
+    for (QTextBlock block = words.document()->firstBlock(); lines < 8; block = block.next()) {
+        ++lines;
+        EXPECT_EQ(block.layout()->lineCount(), 1) << block.text().toStdString();
+        EXPECT_LE(block.layout()->lineAt(0).naturalTextWidth(), words.viewport()->width() - 2);
+        QTextCursor cursor(block);
+        bottom = words.cursorRect(cursor).bottom();
+    }
+    EXPECT_LT(bottom, height);
+    EXPECT_FALSE(words.horizontalScrollBar()->isVisible());
+    EXPECT_FALSE(words.verticalScrollBar()->isVisible());
+}
+
+TEST_F(Text, TenWideLetters) {
+    load();
+    const char* const wide = "WWWWWWWWWW";
+    for (int i = 0; i < 4; ++i)
+        dynamic_cast<QLineEdit&>(at("Startfrm/Namn(" + std::to_string(i) + ")")).setText(wide);
+    click("Startfrm/Starta");
+    settle();
+    EXPECT_EQ(text("labVisa_tur"), "WWWWWWWWWWs tur!");
+    // The picture of the turn begins 116 pixels right of the label's left edge.
+    expect_fits(label("labVisa_tur"), 116);
+    place(1, {55, 55, 44, 55});
+    throw_die(1);
+    when_shown("Grattis", [&] {
+        EXPECT_EQ(text("Grattis/labVisa_vinnare"), "WWWWWWWWWW har vunnit!");
+        expect_all_fit("Grattis");
+        click("Grattis/butNytt_snabbt");
+    });
+    click("Pjäs(2)");
+}
+
+}  // namespace
+}  // namespace brusbo::test
