@@ -94,7 +94,7 @@ std::size_t copy_number(std::string_view text, char* number) {
 std::int32_t whole_number(std::string_view text) {
     std::string number(text.size(), '\0');
     number.resize(copy_number(text, number.data()));
-    // from_chars knows no plus in front, neither of the number nor of its exponent's digits.
+    // from_chars knows no plus in front of the number.
     std::string_view digits = number;
     if (digits.starts_with('+')) digits.remove_prefix(1);
 

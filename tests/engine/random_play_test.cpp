@@ -16,6 +16,37 @@ auto snapshot() {
                       butTvå_pjäser_visible, Pjäs_visible);
 }
 
+// What the games below are checked by has to see a fault itself.
+TEST_F(Game, BrokenInvariantsAreSeen) {
+    struct Fault {
+        const char* before;
+        void (*make)();
+    };
+    const Fault faults[] = {
+        {"1: 0 0 0 0", [] { Antal_spelare = 1; }},
+        {"1: 0 0 0 0", [] { Aktuell_spelare = 3; }},
+        {"1: 0 5 0 0", [] { ++Spelare[1].Antal_i_boet; }},
+        {"1: 0 5 0 0", [] { ++Spelare[1].Antal_klara; }},
+        {"1: 0 5 0 0", [] { Spelare[1].Ruta[2] = square_goal; }},
+        {"1: 0 5 0 0", [] { Pjäs_visible[1] = false; }},
+        {"1: 0 55 0 0", [] { Pjäs_visible[1] = true; }},
+        {"2: 0 0 0 0 / 0 0 0 0 / 7 0 0 0", [] { Antal_spelare = 2; }},
+        {"1: 0 0 0 0", [] { butNästa_visible = true; }},
+        {"1 throws 3: 0 0 0 0", [] { butNästa_visible = false; }},
+        {"1 throws 3: 0 0 0 0", [] { Har_flyttat = false; }},
+        {"1 throws 3: 7 0 0 0", [] { Har_flyttat = true; }},
+        {"1 throws 6: 0 0 0 0", [] { butEn_pjäs_visible = false; }},
+        {"1 throws 6: 0 7 8 9", [] { butTvå_pjäser_visible = true; }},
+        {"1 throws 3: 7 7 7 7", [] { butEn_pjäs_visible = true; }},
+    };
+    for (const Fault& fault : faults) {
+        set_up(fault.before);
+        ASSERT_EQ(broken_invariant(), nullptr) << fault.before;
+        fault.make();
+        EXPECT_NE(broken_invariant(), nullptr) << fault.before << ", " << &fault - faults;
+    }
+}
+
 class RandomPlay : public Game, public testing::WithParamInterface<int> {
    protected:
     int below(int count) { return static_cast<int>(generator_() % static_cast<unsigned>(count)); }
