@@ -74,7 +74,7 @@ class Layout : public Stage {
             EXPECT_EQ(element.palette().color(QPalette::WindowText), QColor(row.colour));
             EXPECT_LT(row.text.empty() ? 0 : nearest(QRect(corner, element.size()), row), 150);
         } else if (row.kind == line) {
-            EXPECT_EQ(nearest(QRect(corner, QSize(1, 2)), row), 0);
+            EXPECT_EQ(nearest(QRect(corner + QPoint(2, 0), QSize(1, 2)), row), 0);
         } else {
             // Inside the frame of the focus, outside the text or mark in the middle.
             const QPointF off = row.kind == option ? QPointF(4, 4) : QPointF(5.5, 5.5);
