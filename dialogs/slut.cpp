@@ -45,6 +45,7 @@ Slut::Slut() : Window("Slut", "", Qt::Window | Qt::FramelessWindowHint, client_a
     auto* text = new QPlainTextEdit(this);
     set_up(*text, Text);
     text->setReadOnly(true);
+    text->setContextMenuPolicy(Qt::NoContextMenu);
     text->setFont(brusbo::font(Font::regular));
     // The last line break makes a ninth, empty line, which must not make the text scroll.
     text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -36,6 +36,8 @@ NameBox::NameBox(QWidget* parent, const ElementLook& look, const char* text) : Q
     setFont(brusbo::font(Font::regular));
     setText(QString::fromUtf8(text));
     setValidator(new NameLength(this));
+    // The toolkit's own menu would speak English.
+    setContextMenuPolicy(Qt::NoContextMenu);
     set_up(*this, look);
 }
 
