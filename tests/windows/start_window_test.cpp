@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -103,6 +104,20 @@ TEST_F(StartWindow, AnInputMethodIsHeldToTheSameLength) {
     EXPECT_EQ(Spelare[2].Namn, "漢字漢字漢字漢字漢");
 }
 
+TEST_F(StartWindow, NoMenuInAForeignLanguageComesUp) {
+    load();
+    click("Startfrm/Starta");
+    settle();
+    click("butAvsluta");
+    for (const char* name : {"Startfrm/Namn(0)", "Slut/Text"}) {
+        QContextMenuEvent asked(QContextMenuEvent::Mouse, {5, 5},
+                                at(name).mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(&at(name), &asked);
+        settle();
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << name;
+    }
+}
+
 TEST_F(StartWindow, NumberOfPlayers) {
     load();
     world->heard();
@@ -184,6 +199,18 @@ TEST_F(StartWindow, ComesBackWithTheChoicesMade) {
     EXPECT_EQ(Spelare[3].Namn, "Åke");
     EXPECT_EQ(Senaste_slag, 0) << "the main window took no input meanwhile";
     EXPECT_FALSE(window("Startfrm")->isModal());
+}
+
+TEST_F(StartWindow, APressBeforeTheMainWindowIsLoadedWaitsForIt) {
+    program = std::make_unique<Program>();
+    program->Main();
+    EXPECT_EQ(window("MFrm"), nullptr);
+    click("Startfrm/Starta");
+    EXPECT_TRUE(QTest::qWaitFor([] { return shown("MFrm"); }));
+    settle();
+    EXPECT_FALSE(shown("Startfrm"));
+    EXPECT_EQ(text("labVisa_tur"), "Röds tur!");
+    EXPECT_EQ(difference(), "");
 }
 
 TEST_F(StartWindow, WithoutAPositionsFileTheGameGoesOn) {
