@@ -110,7 +110,7 @@ std::vector<std::int16_t> click() {
     Noise noise(11);
     Track track(sample_index(0.060));
     strike(track, 0, knock, 1, 1, noise);
-    return finished(std::move(track), 0.16);
+    return finished(std::move(track), 0.115);
 }
 
 // A counter set down in its hole: dull and warm, with a little of the board below it.
@@ -122,7 +122,7 @@ std::vector<std::int16_t> step() {
     Noise noise(22);
     Track track(sample_index(0.120));
     strike(track, 0, knock, 1, 1, noise);
-    return finished(std::move(track), 0.13);
+    return finished(std::move(track), 0.11);
 }
 
 // Shaken four times in a leather cup, thrown, and a few ever closer bounces on the board.
@@ -136,12 +136,10 @@ std::vector<std::int16_t> throw_of_the_die() {
     Noise chance(5);
     Track track(sample_index(1.06));
     double at = 0;
-    int knocks = 0;
     while (at < 0.54) {
         const double swing = 0.72 + 0.28 * std::cos(2 * std::numbers::pi * at / 0.14);
         strike(track, at, cup, swing * chance.between(0.55, 1), chance.between(0.85, 1.2), noise);
         at += chance.between(0.022, 0.048);
-        ++knocks;
     }
     at = 0.60;
     double gap = 0.115;
@@ -152,7 +150,7 @@ std::vector<std::int16_t> throw_of_the_die() {
         gap *= chance.between(0.66, 0.78);
         loudness *= 0.74;
     }
-    return finished(std::move(track), 0.15);
+    return finished(std::move(track), 0.13);
 }
 
 void append_number(std::string& bytes, std::uint32_t value, int length) {
