@@ -312,32 +312,5 @@ TEST_F(Win, ThenTheEnd) {
     });
 }
 
-TEST_F(Play, AWholeGameByTheMouseAlone) {
-    start(2);
-    world->generator.seed(7);
-    world->pauses_to_real_one = 10;
-    bool won = false;
-    when_shown("Grattis", [&] {
-        won = true;
-        EXPECT_EQ(Spelare[Aktuell_spelare].Antal_klara, 4);
-        click("Grattis/butNytt_snabbt");
-    });
-    for (int clicks = 0; !won; ++clicks) {
-        ASSERT_LT(clicks, 20'000);
-        if (Tärning_enabled) {
-            click("Tärning");
-        } else if (butNästa_visible) {
-            key("MFrm", Qt::Key_Space);
-        } else if (butEn_pjäs_visible && clicks % 2 == 0) {
-            click("butEn_pjäs");
-        } else {
-            // Any piece that the click reaches; the rules refuse the others.
-            click("Pjäs(" + std::to_string(4 * (Aktuell_spelare - 1) + clicks % 4) + ")");
-        }
-        settle();
-        ASSERT_EQ(difference(), "") << "after click " << clicks;
-    }
-}
-
 }  // namespace
 }  // namespace brusbo::test
