@@ -30,7 +30,7 @@ struct Row {
 };
 
 std::string font_of(const QWidget& widget) {
-    const QFont font = widget.font();
+    const QFont& font = widget.font();
     return std::to_string(font.pixelSize()) + (font.bold() ? "b" : "");
 }
 
@@ -236,8 +236,9 @@ TEST_F(Layout, MainWindow) {
     for (int b = 0; b < 16; ++b) {
         const QPointF place = places[b];
         board.push_back({numbered("Pjäs", b), place.x(), place.y(), 26, 26, button});
+        const int row = b / 4;
         board.push_back(
-            {numbered("Plus", b), 8.0 * (b % 4), 10.0 * (b / 4), 9, 9, picture, "", "", 0, false});
+            {numbered("Plus", b), 8.0 * (b % 4), 10.0 * row, 9, 9, picture, "", "", 0, false});
     }
     expect_rows("MFrm", "Picture1", board);
     EXPECT_EQ(difference(), "");
