@@ -15,4 +15,12 @@ struct PackedPicture {
 // One for each entry of picture_list, in its order.
 extern const PackedPicture packed_pictures[];
 
+struct PackedIcon {
+    const std::uint32_t* pixels;  // as above
+    int side;
+};
+
+// One for each size of icon_sides, in its order.
+extern const PackedIcon packed_icons[];
+
 }  // namespace brusbo

@@ -55,6 +55,11 @@ inline constexpr std::array picture_list{
     PictureEntry{"banner-4.gif", 148, 46, "banners.svg", 0, 180, true, 0},
 };
 
+// The sizes in which the program's icon is kept as pixels (assets/icon/brusbo-SIDE.png), and those
+// of them that the windows carry.
+inline constexpr std::array all_icon_sides{16, 32, 48, 64, 128};
+inline constexpr std::array icon_sides{16, 32, 48, 64};
+
 inline constexpr std::size_t picture_count = picture_list.size();
 
 }  // namespace brusbo

@@ -126,6 +126,17 @@ QImage image(Picture picture, double ratio) {
     return rendered;
 }
 
+QIcon program_icon() {
+    QIcon icon;
+    for (std::size_t i = 0; i < icon_sides.size(); ++i) {
+        const PackedIcon& source = packed_icons[i];
+        icon.addPixmap(
+            QPixmap::fromImage(QImage(reinterpret_cast<const uchar*>(source.pixels), source.side,
+                                      source.side, QImage::Format_ARGB32_Premultiplied)));
+    }
+    return icon;
+}
+
 void clear_picture_cache() { renderings().clear(); }
 
 }  // namespace brusbo

@@ -1,6 +1,7 @@
 // The program's pictures, ready to be painted at any scale of the display.
 #pragma once
 
+#include <QIcon>
 #include <QImage>
 #include <QPoint>
 #include <QSize>
@@ -60,6 +61,9 @@ void paint(QPainter& painter, Picture picture, QPoint at);
 
 // The picture for `ratio` device pixels to the logical one, with that device pixel ratio set.
 QImage image(Picture picture, double ratio = 1.0);
+
+// The program's icon, for every window.
+QIcon program_icon();
 
 // Forgets the renderings kept by paint().
 void clear_picture_cache();

@@ -1,26 +1,16 @@
 // Makes the 1:1 pictures and the icon's pixel pictures from the masters.
 // Usage: make_pictures ASSETS_FOLDER
 
-#include "assets/render_master.h"
 #include "picture_files.h"
 
-#include <QFile>
 #include <QGuiApplication>
 
 #include <cstdio>
 
 namespace {
 
-constexpr int icon_master_side = 96;
-
 bool make_icon(const QString& folder, int side) {
-    QFile master(folder + "/icon/brusbo.svg");
-    if (!master.open(QIODevice::ReadOnly)) {
-        return false;
-    }
-    const QImage icon =
-        brusbo::render_master(master.readAll(), QRect(0, 0, icon_master_side, icon_master_side),
-                              double(side) / icon_master_side);
+    const QImage icon = brusbo::icon_picture(folder + "/icon/brusbo.svg", side);
     return !icon.isNull() && icon.save(folder + QString("/icon/brusbo-%1.png").arg(side), "PNG");
 }
 
@@ -43,7 +33,7 @@ int main(int argc, char** argv) {
             return 1;
         }
     }
-    for (const int side : {16, 32, 48, 64, 128}) {
+    for (const int side : brusbo::all_icon_sides) {
         if (!make_icon(folder, side)) {
             std::fprintf(stderr, "make_pictures: cannot make the icon of %d pixels\n", side);
             return 1;

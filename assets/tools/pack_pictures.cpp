@@ -12,20 +12,20 @@
 
 namespace {
 
+using brusbo::icon_sides;
 using brusbo::picture_count;
 using brusbo::picture_list;
 using brusbo::PictureEntry;
 
-bool append_pixels(std::string& out, const PictureEntry& entry, const QString& folder,
-                   std::size_t index) {
-    QImage picture(folder + "/pictures/" + entry.name);
-    if (picture.size() != QSize(entry.width, entry.height)) {
-        std::fprintf(stderr, "pack_pictures: %s is missing or not %d x %d\n", entry.name,
-                     entry.width, entry.height);
+bool append_pixels(std::string& out, const QString& path, QSize size, const std::string& array) {
+    QImage picture(path);
+    if (picture.size() != size) {
+        std::fprintf(stderr, "pack_pictures: %s is missing or not %d x %d\n",
+                     path.toLocal8Bit().constData(), size.width(), size.height());
         return false;
     }
     picture = std::move(picture).convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    out += "alignas(16) const std::uint32_t pixels_" + std::to_string(index) + "[] = {";
+    out += "alignas(16) const std::uint32_t " + array + "[] = {";
     char word[16];
     for (int y = 0; y < picture.height(); ++y) {
         const auto* line = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
@@ -68,11 +68,18 @@ int main(int argc, char** argv) {
     std::map<std::string, std::size_t> masters;
     for (std::size_t i = 0; i < picture_count; ++i) {
         const PictureEntry& entry = picture_list[i];
-        if (!append_pixels(out, entry, folder, i)) {
+        if (!append_pixels(out, folder + "/pictures/" + entry.name,
+                           QSize(entry.width, entry.height), "pixels_" + std::to_string(i))) {
             return 1;
         }
         if (masters.emplace(entry.master, i).second &&
             !append_master(out, entry.master, folder, i)) {
+            return 1;
+        }
+    }
+    for (const int side : icon_sides) {
+        if (!append_pixels(out, folder + QString("/icon/brusbo-%1.png").arg(side),
+                           QSize(side, side), "icon_" + std::to_string(side))) {
             return 1;
         }
     }
@@ -81,6 +88,10 @@ int main(int argc, char** argv) {
         const std::string master = "master_" + std::to_string(masters.at(picture_list[i].master));
         out +=
             "    {pixels_" + std::to_string(i) + ", " + master + ", sizeof " + master + " - 1},\n";
+    }
+    out += "};\nconst PackedIcon packed_icons[] = {\n";
+    for (const int side : icon_sides) {
+        out += "    {icon_" + std::to_string(side) + ", " + std::to_string(side) + "},\n";
     }
     out += "};\n}  // namespace brusbo\n";
     QFile file(QString::fromLocal8Bit(argv[2]));

@@ -213,6 +213,16 @@ QImage one_to_one_picture(const PictureEntry& entry, const QString& masters_fold
     return picture;
 }
 
+QImage icon_picture(const QString& master_path, int side) {
+    constexpr int master_side = 96;
+    QFile master(master_path);
+    if (!master.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    return render_master(master.readAll(), QRect(0, 0, master_side, master_side),
+                         double(side) / master_side);
+}
+
 bool write_picture(const QImage& picture, const QString& path) {
     if (is_gif(path)) {
         return write_gif(picture, path);
