@@ -29,6 +29,7 @@ void Program::Main() {
 
 void Program::load() {
     gate_.release([this] {
+        QApplication::setWindowIcon(program_icon());
         Startfrm_->Form_Load();
         MFrm_ = std::make_unique<MFrm>(*this);
         elements_ = std::make_unique<MFrmElements>(*MFrm_);
