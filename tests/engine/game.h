@@ -1,8 +1,10 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
 #include <filesystem>
+#include <functional>
 #include <initializer_list>
 #include <string>
 
@@ -11,18 +13,22 @@
 namespace brusbo::test {
 
 /// A new directory that is the current one while the object lives.
-class Workplace {
-   public:
-    Workplace();
-    ~Workplace();
-    Workplace(const Workplace&) = delete;
-    Workplace& operator=(const Workplace&) = delete;
-
-   private:
-    std::filesystem::path path_, before_;
+struct Workplace {
+    Workplace() { std::filesystem::current_path(mkdtemp(path.data())); }
+    ~Workplace() {
+        std::filesystem::current_path(before);
+        std::filesystem::remove_all(path);
+    }
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::string path = std::filesystem::temp_directory_path() / "brusbo-XXXXXX";
 };
 
 inline const std::filesystem::path good_positions = BRUSBO_ASSETS "/data/brs.dat";
+
+using Click = std::function<void()>;
+inline Click piece(int b) {
+    return [b] { Pjäs_Click(static_cast<std::int16_t>(b)); };
+}
 
 /// One click in one situation.
 struct Row {
@@ -30,11 +36,10 @@ struct Row {
     /// "2 throws 6: 0 0 0 0 / 5 0 55 9": the current player, the throw (left out: none yet) and
     /// the squares of players 1, 2, ...; who is not named takes no part or is in the nest.
     const char* before;
-    /// An element, as "Pjäs(3)"; "Tärning 6" for a throw of 6.
-    const char* click;
+    Click click;
     /// As `Game::seen` gives them.
-    const char* effects;
-    /// "55 0 0 0 / 5 0 0 0, turn over": the squares, then `Game::turn_state`; "" as it was.
+    std::string effects;
+    /// As `Game::situation` gives it; "" as it was.
     const char* after;
 };
 
@@ -46,18 +51,18 @@ class Game : public testing::Test {
 
     /// Brings about a situation written as in `Row::before`, with a real throw.
     void set_up(const std::string& before);
-    void click(const std::string& element);
+    /// A click on the die, to throw this face.
+    Click die(int face);
     void run(std::initializer_list<Row> rows);
 
-    /// The effects since the last call, with the sequences that every move is made of under short
-    /// names, only where they are complete and in order. "clear markers" is the hiding of all
-    /// markers, with any repetition that follows.
+    /// The effects since the last call, separated by "; ". Sequences and texts that come again and
+    /// again have short names, only where they are complete and in order. "clear" is the hiding of
+    /// all markers; hiding one once more is left out.
     std::string seen();
 
-    static std::string squares();  ///< as in `Row::after`
-    /// "throw awaited", "move awaited" or "turn over" ; then ", moved" or ", new" where
-    /// `Har_flyttat` is not as usual in that state; then the buttons offered.
-    static std::string turn_state();
+    /// "5 0 0 55 / 0 0 9 0, turn over": the squares of the players up to the last who is not in
+    /// the nest; then what is awaited and the nest exits that are offered.
+    static std::string situation();
     /// All pieces in their nests, player 1 to throw.
     static void expect_fresh_game();
 
