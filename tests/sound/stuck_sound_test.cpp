@@ -1,48 +1,31 @@
 // The program beside a sound thread that hangs.
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 #include "platform/sound.h"
-#include "tests/sound/waiting.h"
+#include "platform/sound_backend/sound_requests.h"
 
 namespace brusbo {
-namespace {
 
-namespace fs = std::filesystem;
+static std::promise<void> all_played, abandoned;
+static std::promise<std::string> newest;
+static std::promise<bool> closed;
 
-struct StuckSound : testing::Test {
-    void hang(Sound& sound) {
-        sound.play(QString::fromStdString(taken));
-        wait_until([this] { return fs::exists(taken); }, "the module to take the request");
-    }
-    std::string release() {
-        std::ofstream(taken + ".go").flush();
-        wait_until([this] { return fs::exists(taken + ".end"); }, "the module to end");
-        std::string end;
-        std::ifstream(taken + ".end") >> end;
-        return end;
-    }
-
-    TemporaryFolder folder;
-    const std::string taken = folder.path / "taken";
-};
-
-TEST_F(StuckSound, KeepsTheNewestRequestOnly) {
-    Sound sound;
-    hang(sound);
-    for (int i = 0; i < 10000; ++i) sound.play(QString::number(i));
-    EXPECT_EQ(release(), "9999");
+void hang(SoundRequests& requests) {
+    all_played.get_future().wait();
+    newest.set_value(requests.take());
+    abandoned.get_future().wait();
+    closed.set_value(requests.closed());
 }
 
-TEST_F(StuckSound, IsAbandonedByTheEndingProgramAndEndsByItself) {
+TEST(StuckSound, KeepsTheNewestRequestOnlyAndDoesNotHoldTheEnd) {
     {
         Sound sound;
-        hang(sound);
+        for (int i = 0; i < 10000; ++i) sound.play(QString::number(i));
+        all_played.set_value();
+        EXPECT_EQ(newest.get_future().get(), "9999");
     }
-    EXPECT_FALSE(fs::exists(taken + ".end"));
-    EXPECT_EQ(release(), "closed");
+    abandoned.set_value();
+    EXPECT_TRUE(closed.get_future().get());
 }
 
-}  // namespace
 }  // namespace brusbo

@@ -1,106 +1,69 @@
 #include "platform/sound_backend/wave_file.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-
-#include <fstream>
-
-#include "tests/sound/waiting.h"
-#include "tests/sound/wave_bytes.h"
 
 namespace brusbo {
 namespace {
 
-struct Row {
-    const char* what;
-    std::string file;
-    // Invalid where the file is to be refused.
-    pa_sample_format_t format;
-    std::string samples;
-};
+using namespace std::string_literals;
+
+std::string two(std::size_t n) { return {static_cast<char>(n), static_cast<char>(n >> 8U)}; }
+std::string four(std::size_t n) { return two(n) + two(n >> 16U); }
+
+std::string chunk(const std::string& tag, const std::string& body) {
+    return tag + four(body.size()) + body + std::string(body.size() % 2, '\0');
+}
+
+std::string format(unsigned code, unsigned channels, unsigned bits, const std::string& more = "") {
+    const unsigned frame = channels * bits / 8;
+    return chunk("fmt ", two(code) + two(channels) + four(44100) + four(44100 * frame) +
+                             two(frame) + two(bits) + more);
+}
+
+std::string wave(const std::string& body) { return "RIFF" + four(body.size() + 4) + "WAVE" + body; }
 
 const std::string ten = "0123456789";
-const std::string good_format = format_chunk(1, 1, 16);
-const std::string good = wave(good_format + chunk("data", ten));
-const std::string extension(std::string("\x16\0\x10\0\0\0\0\0\1\0\0\0\0\0\x10\0", 16) + "12345678");
-constexpr auto refused = PA_SAMPLE_INVALID;
+const std::string data = chunk("data", ten);
+const std::string good = wave(format(1, 1, 16) + data);
+const std::string extension = "\x16\0\x10\0\0\0\0\0\1\0\0\0\0\0\x10\0"s + "12345678";
 
-const Row rows[] = {
-    {"8 bits", wave(format_chunk(1, 1, 8) + chunk("data", ten)), PA_SAMPLE_U8, ten},
-    {"16 bits", good, PA_SAMPLE_S16LE, ten},
-    {"24 bits, last frame cut", wave(format_chunk(1, 1, 24) + chunk("data", ten)), PA_SAMPLE_S24LE,
-     "012345678"},
-    {"32 bits", wave(format_chunk(1, 1, 32) + chunk("data", ten)), PA_SAMPLE_S32LE, "01234567"},
-    {"floating point", wave(format_chunk(3, 1, 32) + chunk("data", ten)), PA_SAMPLE_FLOAT32LE,
-     "01234567"},
-    {"two channels", wave(format_chunk(1, 2, 16) + chunk("data", ten)), PA_SAMPLE_S16LE,
-     "01234567"},
-    {"extensible", wave(format_chunk(0xFFFE, 1, 16, 44100, extension) + chunk("data", ten)),
-     PA_SAMPLE_S16LE, ten},
-    {"other chunks, of odd length too",
-     wave(chunk("LIST", "odd") + good_format + chunk("fact", "") + chunk("data", ten)),
-     PA_SAMPLE_S16LE, ten},
-    {"data of odd length without its filling byte",
-     wave(format_chunk(1, 1, 8) + "data" + little_endian(3, 4) + "abc"), PA_SAMPLE_U8, "abc"},
-    {"something after the data", good + "something", PA_SAMPLE_S16LE, ten},
-    {"empty", "", refused, ""},
-    {"text", "This is no wave file, however long it may go on.", refused, ""},
-    {"big-endian", "RIFX" + good.substr(4), refused, ""},
-    {"another RIFF file",
-     "RIFF\x04\1\1\1"
-     "AVI " +
-         good.substr(12),
-     refused, ""},
-    {"no chunk", wave(""), refused, ""},
-    {"no data", wave(good_format), refused, ""},
-    {"no sample", wave(good_format + chunk("data", "")), refused, ""},
-    {"half a sample", wave(good_format + chunk("data", "1")), refused, ""},
-    {"data before its format", wave(chunk("data", ten) + good_format), refused, ""},
-    {"cut in the data", good.substr(0, good.size() - 1), refused, ""},
-    {"cut in the format", good.substr(0, 30), refused, ""},
-    {"cut in the head", good.substr(0, 11), refused, ""},
-    {"data of 4 GiB", wave(good_format + "data\xff\xff\xff\xff" + ten), refused, ""},
-    {"a format of 4 GiB", wave("fmt \xff\xff\xff\xff" + good_format.substr(8)), refused, ""},
-    {"format too short", wave(chunk("fmt ", "12345678") + chunk("data", ten)), refused, ""},
-    {"12 bits", wave(format_chunk(1, 2, 12) + chunk("data", ten)), refused, ""},
-    {"no bits", wave(format_chunk(1, 1, 0) + chunk("data", ten)), refused, ""},
-    {"no channel", wave(format_chunk(1, 0, 16) + chunk("data", ten)), refused, ""},
-    {"257 channels", wave(format_chunk(1, 257, 8) + chunk("data", std::string(600, '1'))), refused,
-     ""},
-    {"rate 0", wave(format_chunk(1, 1, 16, 0) + chunk("data", ten)), refused, ""},
-    {"rate of 4 GHz", wave(format_chunk(1, 1, 16, 0xFFFFFFFFU) + chunk("data", ten)), refused, ""},
-    {"compressed", wave(format_chunk(0x55, 1, 16) + chunk("data", ten)), refused, ""},
-    {"extensible without its extension", wave(format_chunk(0xFFFE, 1, 16) + chunk("data", ten)),
-     refused, ""},
+// The samples are none where the file is to be refused.
+const struct {
+    const char* what;
+    std::string file;
+    std::string samples;
+    pa_sample_format_t format = PA_SAMPLE_INVALID;
+} rows[] = {
+    {"24 bits, last frame cut", wave(format(1, 1, 24) + data), "012345678", PA_SAMPLE_S24LE},
+    {"floating point", wave(format(3, 1, 32) + data), "01234567", PA_SAMPLE_FLOAT32LE},
+    {"extensible", wave(format(0xFFFE, 1, 16, extension) + data), ten, PA_SAMPLE_S16LE},
+    {"odd chunk", wave(chunk("LIST", "odd") + format(1, 1, 16) + data), ten, PA_SAMPLE_S16LE},
+    {"8 bits, odd data", wave(format(1, 1, 8) + "data\3\0\0\0abc"s), "abc", PA_SAMPLE_U8},
+    {"big-endian", "RIFX" + good.substr(4), ""},
+    {"half a sample", wave(format(1, 1, 16) + chunk("data", "1")), ""},
+    {"data before its format", wave(data + format(1, 1, 16)), ""},
+    {"cut in the head", good.substr(0, 11), ""},
+    {"cut in the data", good.substr(0, good.size() - 1), ""},
+    {"data of 4 GiB", wave(format(1, 1, 16) + "data\xff\xff\xff\xff" + ten), ""},
+    {"format too short", wave(chunk("fmt ", "12345678") + data), ""},
+    {"extensible without its extension", wave(format(0xFFFE, 1, 16) + data), ""},
+    {"12 bits", wave(format(1, 2, 12) + data), ""},
+    {"no channel", wave(format(1, 0, 16) + data), ""},
+    {"257 channels", wave(format(1, 257, 8) + chunk("data", std::string(600, '1'))), ""},
+    {"compressed", wave(format(0x55, 1, 16) + data), ""},
 };
 
 TEST(WaveFile, IsReadOrRefused) {
-    const TemporaryFolder folder;
-    const auto path = folder.path / "row.wav";
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
-        std::ofstream(path, std::ios::binary) << row.file;
-        const auto clip = read_wave_file(path);
-        ASSERT_EQ(clip.has_value(), row.format != refused);
+        // No longer than the file, so that the sanitizers see a step beyond its end.
+        const auto clip = parse_wave(std::vector<std::uint8_t>(row.file.begin(), row.file.end()));
+        ASSERT_EQ(clip.has_value(), !row.samples.empty());
         if (!clip) continue;
         EXPECT_EQ(clip->format.format, row.format);
         EXPECT_EQ(clip->format.rate, 44100U);
         EXPECT_EQ(std::string(clip->samples.begin(), clip->samples.end()), row.samples);
     }
-}
-
-TEST(WaveFile, IsNothingButAFile) {
-    const TemporaryFolder folder;
-    const auto pipe = folder.path / "pipe";
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    for (const auto& path : {pipe, folder.path, folder.path / "missing",
-                             std::filesystem::path("/dev/zero"), std::filesystem::path()}) {
-        EXPECT_FALSE(read_wave_file(path)) << path;
-    }
-    const auto huge = folder.path / "huge";
-    std::ofstream(huge, std::ios::binary) << good;
-    std::filesystem::resize_file(huge, std::uintmax_t{1} << 40U);
-    EXPECT_FALSE(read_wave_file(huge));
 }
 
 }  // namespace
