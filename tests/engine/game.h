@@ -37,10 +37,8 @@ struct Row {
     /// the squares of players 1, 2, ...; who is not named takes no part or is in the nest.
     const char* before;
     Click click;
-    /// As `Game::seen` gives them.
-    std::string effects;
-    /// As `Game::situation` gives it; "" as it was.
-    const char* after;
+    /// The effects as `Game::seen` gives them, and " => " with `Game::situation` if it changes.
+    std::string result;
 };
 
 /// The first game of a run with the committed positions file, two players, sound on, as when the
@@ -56,15 +54,14 @@ class Game : public testing::Test {
     void run(std::initializer_list<Row> rows);
 
     /// The effects since the last call, separated by "; ". Sequences and texts that come again and
-    /// again have short names, only where they are complete and in order. "clear" is the hiding of
+    /// again have short names, only where they are complete and in order: "3 walks 1 2" is piece
+    /// picture 3 on its way over these squares, "mark 3 on 2" its marker. "clear" is the hiding of
     /// all markers; hiding one once more is left out.
     std::string seen();
 
-    /// "5 0 0 55 / 0 0 9 0, turn over": the squares of the players up to the last who is not in
-    /// the nest; then what is awaited and the nest exits that are offered.
+    /// "5 0 0 55 / 0 0 9 0, over": the squares of the players up to the last who is not in the
+    /// nest; then what is awaited ("over": the next player) and the nest exits that are offered.
     static std::string situation();
-    /// All pieces in their nests, player 1 to throw.
-    static void expect_fresh_game();
 
     Recorder recorder;
 };

@@ -13,24 +13,23 @@ using Turn = Game;
 TEST_F(Turn, Throws) {
     const std::string one = "; show butEn_pjäs", both = one + "; show butTvå_pjäser";
     run({
-        {"two in the nest", "1: 0 9 0 55", die(6), "throw 6; tell one or two" + both,
-         "0 9 0 55, move awaited, one, two"},
-        {"one in the nest", "1: 3 9 0 55", die(6), "throw 6; tell only one" + one,
-         "3 9 0 55, move awaited, one"},
+        {"two in the nest", "1: 0 9 0 55", die(6),
+         "throw 6; tell one or two" + both + " => 0 9 0 55, move, one, two"},
+        {"one in the nest", "1: 3 9 0 55", die(6),
+         "throw 6; tell only one" + one + " => 3 9 0 55, move, one"},
         {"empty nest, the current player's", "2: 0 0 0 0 / 5 6 7 8", die(6),
-         "throw 6; tell empty nest", "0 0 0 0 / 5 6 7 8, move awaited"},
-        {"one in the nest", "1: 0 9 12 55", die(1), "throw 1; tell one" + one,
-         "0 9 12 55, move awaited, one"},
-        {"empty nest", "1: 1 9 12 55", die(1), "throw 1; tell empty nest",
-         "1 9 12 55, move awaited"},
+         "throw 6; tell empty nest => 0 0 0 0 / 5 6 7 8, move"},
+        {"one in the nest", "1: 0 9 12 55", die(1),
+         "throw 1; tell one" + one + " => 0 9 12 55, move, one"},
+        {"empty nest", "1: 1 9 12 55", die(1), "throw 1; tell empty nest => 1 9 12 55, move"},
         {"full nest, the current player's", "1: 0 0 0 0 / 5 6 7 8", die(5),
-         "throw 5; tell Du slog 5, full nest; offer next", "0 0 0 0 / 5 6 7 8, turn over"},
-        {"one finished", "1: 0 55 0 0", die(4), "throw 4; tell Du slog 4, no piece; offer next",
-         "0 55 0 0, turn over"},
-        {"one on the board", "1: 0 0 0 7", die(3), "throw 3; tell Du slog 3, move",
-         "0 0 0 7, move awaited"},
-        {"pieces are counted, not tried", "1: 44 55 43 44", die(2), "throw 2; tell Du slog 2, move",
-         "44 55 43 44, move awaited"},
+         "throw 5; tell Du slog 5, full nest; offer next => 0 0 0 0 / 5 6 7 8, over"},
+        {"one finished", "1: 0 55 0 0", die(4),
+         "throw 4; tell Du slog 4, no piece; offer next => 0 55 0 0, over"},
+        {"one on the board", "1: 0 0 0 7", die(3),
+         "throw 3; tell Du slog 3, move => 0 0 0 7, move"},
+        {"pieces are counted, not tried", "1: 44 55 43 44", die(2),
+         "throw 2; tell Du slog 2, move => 44 55 43 44, move"},
     });
     EXPECT_EQ(Senaste_slag, 2);
 }
@@ -54,17 +53,15 @@ TEST_F(Turn, RandomValuesToPlacesAndFaces) {
 TEST_F(Turn, NestExits) {
     run({
         {"1: the highest-numbered one to the entry square", "2 throws 1: 0 0 0 0 / 0 20 0 55",
-         butEn_pjäs_Click, "click; Pjäs(6) walks 1; clear; end turn",
-         "0 0 0 0 / 0 20 1 55, turn over"},
+         butEn_pjäs_Click, "click; 6 walks 1; clear; end turn => 0 0 0 0 / 0 20 1 55, over"},
         {"a knock is told to the end", "1 throws 1: 0 0 0 0 / 0 31 0 0", butEn_pjäs_Click,
-         "click; Pjäs(3) walks 1; knock Pjäs(5); clear; end turn", "0 0 0 1, turn over"},
+         "click; 3 walks 1; knock 5; clear; end turn => 0 0 0 1, over"},
         {"6: past other pieces and own ones", "1 throws 6: 0 1 3 6 / 31 35 0 0", butEn_pjäs_Click,
-         "click; Pjäs(0) walks 1 2 3 4 5 6; clear; Plus(3) on 6; throw again",
-         "6 1 3 6 / 31 35 0 0, throw awaited"},
+         "click; 0 walks 1 2 3 4 5 6; clear; mark 3 on 6; throw again "
+         "=> 6 1 3 6 / 31 35 0 0, throw"},
         {"two pieces, the first knocks", "1 throws 6: 0 7 0 0 / 0 0 0 31", butTvå_pjäser_Click,
-         "click; Pjäs(3) walks 1; knock Pjäs(7); clear; Pjäs(2) walks 1; clear; Plus(3) on 1; "
-         "end turn",
-         "0 7 1 1, turn over"},
+         "click; 3 walks 1; knock 7; clear; 2 walks 1; clear; mark 3 on 1; end turn "
+         "=> 0 7 1 1, over"},
     });
 }
 
@@ -72,35 +69,39 @@ TEST_F(Turn, NextPlayer) {
     const std::string handed = "click; enable Tärning; hide butNästa; tell ask; ";
     run({
         {"first to second", "1 throws 3: 0 0 0 0 / 55 0 0 0", butNästa_Click,
-         handed + "turn Blå; light Blå; count 1", "0 0 0 0 / 55 0 0 0, throw awaited"},
+         handed + "turn Blå; light Blå; count 1 => 0 0 0 0 / 55 0 0 0, throw"},
         {"second of two to first", "2 throws 3: 55 55 0 0 / 55 0 0 0", butNästa_Click,
-         handed + "turn Röd; light Röd; count 2", "55 55 0 0 / 55 0 0 0, throw awaited"},
+         handed + "turn Röd; light Röd; count 2 => 55 55 0 0 / 55 0 0 0, throw"},
         {"second of three to third", "2 throws 3: 0 0 0 0 / 0 0 0 0 / 0 0 0 0", butNästa_Click,
-         handed + "turn Grön; light Grön; count 0", "0 0 0 0, throw awaited"},
+         handed + "turn Grön; light Grön; count 0 => 0 0 0 0, throw"},
         {"third of four to fourth", "3 throws 3: 0 0 0 0 / 0 0 0 0 / 0 0 0 0 / 0 0 0 0",
-         butNästa_Click, handed + "turn Gul; light Gul; count 0", "0 0 0 0, throw awaited"},
+         butNästa_Click, handed + "turn Gul; light Gul; count 0 => 0 0 0 0, throw"},
     });
 }
 
-TEST_F(Turn, WhatIsHiddenOrDisabledIgnoresClicks) {
+TEST_F(Turn, WhatIsHiddenOrAbsentIgnoresClicks) {
     set_up("1 throws 6: 1 2 3 55");
     for (const Click& click : {die(5), Click(butNästa_Click), Click(butEn_pjäs_Click),
                                Click(butTvå_pjäser_Click), piece(3), piece(-1), piece(16)})
         click();
+    for (const std::int16_t nobody : {std::int16_t{0}, std::int16_t{5}}) {
+        Aktuell_spelare = nobody;
+        Move_BackShape();
+    }
     EXPECT_EQ(seen(), "");
+    EXPECT_EQ(Vilken_pjäs(-1) + Vilken_pjäs(16) + Pjäsen(-1) + Pjäsen(16), 0);
 }
 
 TEST_F(Turn, Possessive) {
-    const auto sentence = [this](const char* name) {
-        Spelare[1].Namn = name;
+    for (const std::string sentence :
+         {"Lars| tur!", "LARS| tur!", "s| tur!", "Lauſ| tur!", "|s tur!", "Hans |s tur!",
+          "Strauß|s tur!", "Max|s tur!", "Ås😀|s tur!"}) {
+        const std::size_t end = sentence.find('|');
+        Spelare[1].Namn = sentence.substr(0, end);
         Visa_tur();
-        return seen();
-    };
-    const std::string picture = "; picture imgVisa_tur gimgRöd 0";
-    for (const std::string name : {"Lars", "LARS", "s", "Lauſ"})
-        EXPECT_EQ(sentence(name.c_str()), "labVisa_tur = " + name + " tur!" + picture);
-    for (const std::string name : {"", "Hans ", "Strauß", "Max", "Ås😀"})
-        EXPECT_EQ(sentence(name.c_str()), "labVisa_tur = " + name + "s tur!" + picture);
+        EXPECT_EQ(seen(), "labVisa_tur = " + Spelare[1].Namn + sentence.substr(end + 1) +
+                              "; picture imgVisa_tur gimgRöd 0");
+    }
 }
 
 /// The middle of a game of three players: the third has just thrown a 6.
@@ -112,7 +113,7 @@ class NewGame : public Game {
 TEST_F(NewGame, PlayersResetLeavesTheBoardAlone) {
     Nollställ_spelare();
     EXPECT_EQ(seen(), "light Röd");
-    EXPECT_EQ(situation(), "55 4 55 0 / 41 4 4 0 / 0 0 9 55, move awaited, one, two");
+    EXPECT_EQ(situation(), "55 4 55 0 / 41 4 4 0 / 0 0 9 55, move, one, two");
     EXPECT_EQ(Spelare[1].Antal_i_boet, 4);
     EXPECT_EQ(Spelare[1].Antal_klara, 0);
     EXPECT_EQ(Aktuell_spelare, 1);
@@ -120,7 +121,7 @@ TEST_F(NewGame, PlayersResetLeavesTheBoardAlone) {
 
 TEST_F(NewGame, KeepsThePlayersUntilTheStartWindow) {
     recorder.at_Startfrm = [] {
-        expect_fresh_game();
+        EXPECT_EQ(situation(), "0 0 0 0, first throw");
         EXPECT_EQ(Antal_spelare, 3);
         EXPECT_EQ(Spelare[3].Namn, "Grön");
         EXPECT_EQ(Senaste_slag, 6);
