@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QWindow>
 
 #include "engine/sound.h"
@@ -25,9 +26,9 @@ constexpr ElementLook Label2{"Label2", {10, 180, 187, 17}, "Tryck sedan på stä
 constexpr ElementLook Stäng{"Stäng", {236, 178, 65, 25}, "Stäng"};
 
 constexpr char farewell[] =
-    "Tack för att du spelade Brusbo!\r\n"
+    "Tack för att ni spelade Brusbo!\r\n"
     "Vi hoppas att ni hade roligt runt brädet.\r\n"
-    "Titta gärna in på vår hemsida. Där hittar du\r\n"
+    "Titta gärna in på vår hemsida. Där hittar ni\r\n"
     "våra andra spel och program, alla på svenska.\r\n"
     "Prova till exempel vårt memoryspel Parvis,\r\n"
     "som passar både stora och små.\r\n"
@@ -47,7 +48,8 @@ Slut::Slut() : Window("Slut", "", Qt::Window | Qt::FramelessWindowHint, client_a
     text->setReadOnly(true);
     text->setContextMenuPolicy(Qt::NoContextMenu);
     text->setFont(brusbo::font(Font::regular));
-    // The last line break makes a ninth, empty line, which must not make the text scroll.
+    // The last line break makes a ninth, empty line, which must not let the text scroll, neither by
+    // wheel nor by selecting.
     text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     text->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     text->document()->setDocumentMargin(2);
@@ -55,6 +57,8 @@ Slut::Slut() : Window("Slut", "", Qt::Window | Qt::FramelessWindowHint, client_a
     colours.setColor(QPalette::Base, palette().color(QPalette::Window));
     text->setPalette(colours);
     text->setPlainText(QString::fromUtf8(farewell));
+    QScrollBar* const bar = text->verticalScrollBar();
+    connect(bar, &QScrollBar::valueChanged, bar, [bar] { bar->setValue(0); });
     new Label(this, Label2, {Font::large_bold}, "Tryck sedan på stäng!");
     auto* close = new CommandButton(this, Stäng, "Stäng", palette().color(QPalette::Button));
     connect(close, &QAbstractButton::clicked, this,

@@ -103,7 +103,7 @@ void MFrm::Form_Activate() { Visa_tur(); }
 void MFrm::close_requested() { butAvsluta_Click(); }
 
 void MFrm::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F2 && !event->isAutoRepeat())
+    if (is_new_game_key(*event))
         InputGate::instance().run(Nytt_spel);
     else
         Window::keyPressEvent(event);

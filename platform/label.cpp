@@ -50,7 +50,10 @@ void Label::paintEvent(QPaintEvent*) {
     painter.setPen(palette().color(QPalette::WindowText));
     int flags = static_cast<int>(alignment());
     if (look_.wraps) flags |= Qt::TextWordWrap;
-    painter.drawText(rect(), flags, shown_);
+    // A line in a smaller size keeps the baseline of the full one.
+    const int lower =
+        QFontMetrics(brusbo::font(look_.font)).ascent() - QFontMetrics(font()).ascent();
+    painter.drawText(rect().translated(0, lower), flags, shown_);
 }
 
 void Label::mousePressEvent(QMouseEvent* event) { event->accept(); }
