@@ -1,12 +1,15 @@
 #include "mainwindow/game_menu.h"
 
-#include <QKeyEvent>
 #include <utility>
 
-#include "platform/input_gate.h"
 #include "platform/layout.h"
 
 namespace brusbo {
+
+bool is_new_game_key(const QKeyEvent& event) {
+    const auto modifiers = event.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier);
+    return event.key() == Qt::Key_F2 && modifiers == Qt::NoModifier && !event.isAutoRepeat();
+}
 
 GameMenu::GameMenu(QWidget* parent)
     : QMenu(parent),
@@ -30,19 +33,31 @@ GameMenu::GameMenu(QWidget* parent)
 }
 
 QAction* GameMenu::choose(QPoint place) {
+    // Pressed again by other means than the mouse, which the open menu would have got.
+    if (opening_ != nullptr) {
+        close();
+        return nullptr;
+    }
     by_shortcut_ = nullptr;
-    const InputGate::Opening opening;
+    InputGate::Opening opening;
+    opening_ = &opening;
     QAction* const chosen = exec(place);
+    opening_ = nullptr;
     return by_shortcut_ != nullptr ? std::exchange(by_shortcut_, nullptr) : chosen;
 }
 
 void GameMenu::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F2) {
+    if (is_new_game_key(*event)) {
         by_shortcut_ = mnuNytt_spel;
         close();
     } else {
         QMenu::keyPressEvent(event);
     }
+}
+
+void GameMenu::hideEvent(QHideEvent* event) {
+    QMenu::hideEvent(event);
+    if (opening_ != nullptr) opening_->end();
 }
 
 }  // namespace brusbo

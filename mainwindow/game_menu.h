@@ -1,8 +1,14 @@
 #pragma once
 
+#include <QKeyEvent>
 #include <QMenu>
 
+#include "platform/input_gate.h"
+
 namespace brusbo {
+
+/// Whether a key is the shortcut of `mnuNytt_spel`: F2 alone, and not held down.
+bool is_new_game_key(const QKeyEvent& event);
 
 /// The popup menu `aaa`, "Arkiv".
 class GameMenu : public QMenu {
@@ -20,9 +26,11 @@ class GameMenu : public QMenu {
    protected:
     /// The shortcut works in the open menu as well.
     void keyPressEvent(QKeyEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
    private:
     QAction* by_shortcut_ = nullptr;
+    InputGate::Opening* opening_ = nullptr;
 };
 
 }  // namespace brusbo

@@ -138,9 +138,9 @@ void InputGate::deliver_kept_soon() {
 }
 
 void InputGate::deliver_kept() {
-    if (running_ || delivering_) return;
+    if (held() || delivering_) return;
     delivering_ = true;
-    while (!kept_.empty() && delivering_ && !running_) {
+    while (!kept_.empty() && delivering_ && !held()) {
         const Kept next = std::move(kept_.front());
         kept_.pop_front();
         if (next.function) {
@@ -155,11 +155,13 @@ void InputGate::deliver_kept() {
 
 InputGate::Opening::Opening()
     : running_(std::exchange(instance().running_, false)),
-      delivering_(std::exchange(instance().delivering_, false)) {
+      delivering_(std::exchange(instance().delivering_, false)),
+      outer_(std::exchange(instance().innermost_, this)) {
     if (!instance().kept_.empty()) instance().deliver_kept_soon();
 }
 
 InputGate::Opening::~Opening() {
+    instance().innermost_ = outer_;
     instance().running_ = running_;
     instance().delivering_ = delivering_;
 }

@@ -43,7 +43,7 @@ class InputGate : public QObject {
     void release(const Function& last_step);
 
     /// Whether input that arrives now is kept.
-    bool closed() const { return running_ || (!kept_.empty() && !delivering_); }
+    bool closed() const { return held() || (!kept_.empty() && !delivering_); }
 
     /// Counts the actions begun; what differs belongs to different actions.
     unsigned action_number() const { return action_number_; }
@@ -58,9 +58,16 @@ class InputGate : public QObject {
         Opening(const Opening&) = delete;
         Opening& operator=(const Opening&) = delete;
 
+        /// The window or menu has gone: input is kept again, although its loop may not have
+        /// noticed yet, until the action that showed it has ended.
+        void end() { ended_ = true; }
+
        private:
+        friend InputGate;
         bool running_;
         bool delivering_;
+        bool ended_ = false;
+        Opening* outer_;
     };
 
    protected:
@@ -78,6 +85,7 @@ class InputGate : public QObject {
     };
 
     void keep(QObject* receiver, const QEvent& event);
+    bool held() const { return running_ || (innermost_ != nullptr && innermost_->ended_); }
     static void send(const KeptEvent& kept);
     void deliver_kept_soon();
     void deliver_kept();
@@ -85,6 +93,7 @@ class InputGate : public QObject {
     std::deque<Kept> kept_;
     bool running_ = false;
     bool delivering_ = false;
+    Opening* innermost_ = nullptr;
     unsigned action_number_ = 0;
 };
 

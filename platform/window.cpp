@@ -49,8 +49,10 @@ void Window::show_modal() {
     modal_loop_ = &loop;
     show_active();
     {
-        const InputGate::Opening opening;
+        InputGate::Opening opening;
+        opening_ = &opening;
         loop.exec();
+        opening_ = nullptr;
     }
     windowHandle()->setTransientParent(nullptr);
     setWindowModality(Qt::NonModal);
@@ -77,6 +79,7 @@ void Window::hideEvent(QHideEvent* event) {
     if (modal_loop_ != nullptr) {
         modal_loop_->quit();
         modal_loop_ = nullptr;
+        if (opening_ != nullptr) opening_->end();
     }
 }
 

@@ -3,6 +3,8 @@
 #include <QEventLoop>
 #include <QWidget>
 
+#include "platform/input_gate.h"
+
 namespace brusbo {
 
 /// A window of the program. It never closes by itself: a close request from anywhere only calls
@@ -40,6 +42,7 @@ class Window : public QWidget {
     void became_active();
 
     QEventLoop* modal_loop_ = nullptr;
+    InputGate::Opening* opening_ = nullptr;
 };
 
 /// The area of the screen that windows are centred on, device-independent pixels.
