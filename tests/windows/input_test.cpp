@@ -202,6 +202,43 @@ TEST_F(Waiting, NothingOfTheWinningWalkReachesTheWinnerWindowsGame) {
     EXPECT_EQ(difference(), "");
 }
 
+TEST_F(Waiting, WhatComesAfterAChoiceInTheMenuWaitsForWhatWasChosen) {
+    start();
+    during(2, [&] {
+        click("mnuArkiv");
+        for (const Qt::Key pressed : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return})
+            key("MFrm", pressed);
+        click("Tärning");
+    });
+    script(3);
+    script(5);
+    click("Tärning");
+    settle();
+    EXPECT_EQ(board_resets, 1U);
+    EXPECT_EQ(Senaste_slag, 5);
+    EXPECT_FALSE(Tärning_enabled) << "the throw belongs to the new game";
+    EXPECT_EQ(world->heard(), "s3 s2 s1 s3");
+    EXPECT_EQ(difference(), "");
+}
+
+TEST_F(Waiting, WhatComesAfterAModalWindowWaitsForTheActionThatShowedIt) {
+    start();
+    during(2, [&] {
+        press_accessibly("mnuOm");
+        when_shown("frmOm", [&] {
+            // Both at once, before the window's loop has noticed that it is over.
+            dynamic_cast<QAbstractButton&>(at("frmOm/Klar")).click();
+            EXPECT_TRUE(InputGate::instance().closed());
+            press_accessibly("butNästa");
+            EXPECT_EQ(Aktuell_spelare, 1);
+        });
+    });
+    script(3);
+    click("Tärning");
+    settle();
+    EXPECT_EQ(Aktuell_spelare, 2);
+}
+
 TEST_F(Waiting, AccessibilityDoesNoMoreThanAClick) {
     start();
     press_accessibly("butNästa");
