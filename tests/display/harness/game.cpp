@@ -1,0 +1,139 @@
+#include "tests/display/harness/game.h"
+
+#include <cmath>
+#include <set>
+
+namespace brusbo::display {
+
+namespace {
+
+constexpr char window_class[] = "brusbo";
+
+/// A window that is only background has few colours.
+bool is_painted(const QImage& image) {
+    constexpr std::size_t enough = 8;
+    std::set<QRgb> colours;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (colours.insert(image.pixel(x, y)).second && colours.size() >= enough) return true;
+    return false;
+}
+
+}  // namespace
+
+Game::Game(const Desktop& desktop, double scale)
+    : desktop_(desktop),
+      scale_(scale),
+      program_(desktop, scale == 1 ? Environment{}
+                                   : Environment{{"QT_SCALE_FACTOR", std::to_string(scale)}}) {}
+
+QSize Game::size_of(Shown which) const {
+    constexpr QSize sizes[] = {{188, 305}, {570, 416}, {188, 378}, {312, 212}};
+    const QSizeF size = QSizeF(sizes[static_cast<int>(which)]) * scale_;
+    return {static_cast<int>(std::lround(size.width())),
+            static_cast<int>(std::lround(size.height()))};
+}
+
+WindowId Game::find(Shown which) {
+    for (const WindowId window : person().windows_of(window_class))
+        if (person().place(window).size() == size_of(which)) return window;
+    return 0;
+}
+
+WindowId Game::window(Shown which) {
+    return wait_for("window " + std::to_string(static_cast<int>(which)), [&]() -> WindowId {
+        if (!program_.process().runs())
+            throw std::runtime_error("the program has ended: " + program_.process().output());
+        const WindowId window = find(which);
+        return window != 0 && is_painted(person().image(person().place(window))) ? window : 0;
+    });
+}
+
+void Game::wait_until_gone(Shown which) {
+    wait_for("a window to go", [&] { return find(which) == 0; });
+}
+
+WindowId Game::menu() {
+    return wait_for("the menu", [&]() -> WindowId {
+        for (const WindowId window : person().windows_of(window_class))
+            if (person().is_unmanaged(window) &&
+                !person().has_atom(window, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_TOOLTIP") &&
+                is_painted(person().image(person().place(window))))
+                return window;
+        return 0;
+    });
+}
+
+WindowId Game::play() {
+    click(window(Shown::start), Starta);
+    const WindowId main = window(Shown::main);
+    wait_until_gone(Shown::start);
+    if (scale_ == 1) wait_for_picture(main, butAvsluta.topLeft(), Picture::close_0);
+    program_.wait_for_sounds({"s1.wav"});
+    return main;
+}
+
+void Game::throw_die(WindowId main) {
+    const QImage before = image(main, labMeddelande);
+    const auto die = wait_for("the die", [&]() -> std::optional<QPoint> {
+        // White pips' ground, wherever the last throw left the die.
+        const QImage seen = image(main, die_row);
+        for (int x = seen.width() - 1; x >= 0; --x)
+            if (qGray(seen.pixel(x, seen.height() / 4)) > 235)
+                return scaled(die_row).topLeft() + QPoint(x, seen.height() / 4);
+        return {};
+    });
+    person().click(person().place(main).topLeft() + *die);
+    wait_for_change("the message after a throw", main, labMeddelande, before);
+}
+
+QRect Game::scaled(const QRect& area) const {
+    const QPointF corner = QPointF(area.topLeft()) * scale_;
+    const QSizeF size = QSizeF(area.size()) * scale_;
+    return {static_cast<int>(std::lround(corner.x())), static_cast<int>(std::lround(corner.y())),
+            static_cast<int>(std::lround(size.width())),
+            static_cast<int>(std::lround(size.height()))};
+}
+
+QPoint Game::at(WindowId window, QPointF place) const {
+    return person().place(window).topLeft() +
+           QPoint(static_cast<int>(std::floor((place.x() + 0.5) * scale_)),
+                  static_cast<int>(std::floor((place.y() + 0.5) * scale_)));
+}
+
+QPoint Game::at(WindowId window, const QRect& area) const {
+    return at(window, QPointF(area.center()));
+}
+
+void Game::click(WindowId window, const QRect& area, int button) const {
+    person().click(at(window, area), button);
+}
+
+void Game::enter(WindowId window, const QRect& area) {
+    constexpr int from_the_middle[] = {-2, -1, 1, 2};  // clicks are in the middle itself
+    person().point_at(at(window, area) + QPoint(from_the_middle[++entered_ % 4], 0));
+}
+
+QImage Game::image(WindowId window, const QRect& area) const {
+    return person().image(scaled(area).translated(person().place(window).topLeft()));
+}
+
+bool Game::shows(WindowId window, QPoint corner, Picture picture) const {
+    const QImage wanted = brusbo::image(picture).convertToFormat(QImage::Format_RGB32);
+    return image(window, {corner, wanted.size()}) == wanted;
+}
+
+void Game::wait_for_picture(WindowId window, QPoint corner, Picture picture) const {
+    wait_for("picture " + std::to_string(static_cast<int>(picture)),
+             [&] { return shows(window, corner, picture); });
+}
+
+void Game::wait_for_change(const std::string& what, WindowId window, const QRect& area,
+                           const QImage& before) const {
+    wait_for(what, [&] {
+        const QImage now = image(window, area);
+        return !now.isNull() && now != before;
+    });
+}
+
+}  // namespace brusbo::display
