@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
 #include <cstdio>
 
 #include "dialogs/program.h"
@@ -16,12 +17,16 @@ void log(QtMsgType type, const QMessageLogContext& context, const QString& messa
 }  // namespace
 
 int main(int argc, char** argv) {
-    // The screen must hold the windows at every scale.
+    // The screen must hold the windows at every scale. Its file is named from its own folder: Qt
+    // misreads an å or a colon in the variable.
+    const QString started_in = QDir::currentPath();
+    QDir::setCurrent(QStringLiteral(BRUSBO_TEST_SCREEN_FOLDER));
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" BRUSBO_TEST_SCREEN);
+        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=screen.json");
     qInstallMessageHandler(log);
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
+    QDir::setCurrent(started_in);
     brusbo::prepare_application();
     return RUN_ALL_TESTS();
 }
