@@ -212,6 +212,16 @@ TEST_F(Play, OnlyTheLeftButtonClicks) {
     EXPECT_TRUE(Tärning_enabled);
 }
 
+TEST_F(Play, AMarkerLetsClicksThroughToThePieceBelow) {
+    start();
+    place(1, {5, 5, 0, 0});
+    throw_die(3);
+    ASSERT_TRUE(visible("Plus(1)"));
+    click_at("MFrm", at("Plus(1)").mapTo(window("MFrm"), QPoint(4, 4)));
+    settle();
+    EXPECT_EQ(squares(1), "5 8 0 0");
+}
+
 TEST_F(Play, FourPlayersAreMarkedInTheirColours) {
     start(4);
     const QPointF middles[] = {{69, 69}, {307, 69}, {307, 307}, {69, 307}};
