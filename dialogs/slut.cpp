@@ -1,15 +1,14 @@
 #include "dialogs/slut.h"
 
-#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QScrollBar>
-#include <QWindow>
 
 #include "engine/sound.h"
 #include "platform/ending.h"
 #include "platform/input_gate.h"
+#include "platform/system_grip.h"
 
 namespace brusbo {
 
@@ -96,9 +95,7 @@ Qt::Edges Slut::edges_at(QPoint place) const {
 void Slut::mousePressEvent(QMouseEvent* event) {
     const Qt::Edges edges = edges_at(event->position().toPoint());
     if (event->button() != Qt::LeftButton || !edges) return;
-    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland")) &&
-        windowHandle()->startSystemResize(edges))
-        return;
+    if (system_resizes(*this, edges, *event)) return;
     grip_ = edges;
     grip_place_ = event->globalPosition().toPoint();
     grip_geometry_ = geometry();

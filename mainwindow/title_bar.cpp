@@ -1,30 +1,24 @@
 #include "mainwindow/title_bar.h"
 
-#include <QGuiApplication>
 #include <QMouseEvent>
-#include <QWindow>
 
 #include "mainwindow/layout.h"
+#include "platform/system_grip.h"
 
 namespace brusbo {
 
 TitleBar::TitleBar(QWidget* window) : Image(window, main_layout::Namnlist, Picture::title_bar) {}
 
-void TitleBar::Namnlist_MouseDown(Qt::MouseButton button, QPoint global_place) {
-    // Only the compositor can move a window on Wayland. X11's window managers can too, but a
-    // button that is released while the request is on its way leaves the window stuck to the
-    // pointer.
-    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland")) &&
-        window()->windowHandle()->startSystemMove())
-        return;
+void TitleBar::Namnlist_MouseDown(const QMouseEvent& press) {
+    // X11's window managers can move a window too, but a button that is released while the request
+    // is on its way leaves it stuck to the pointer.
+    if (system_moves(*window(), press)) return;
     if (moving_button_ != Qt::NoButton) return;
-    moving_button_ = button;
-    grip_ = global_place - window()->pos();
+    moving_button_ = press.button();
+    grip_ = press.globalPosition().toPoint() - window()->pos();
 }
 
-void TitleBar::mousePressEvent(QMouseEvent* event) {
-    Namnlist_MouseDown(event->button(), event->globalPosition().toPoint());
-}
+void TitleBar::mousePressEvent(QMouseEvent* event) { Namnlist_MouseDown(*event); }
 
 void TitleBar::mouseMoveEvent(QMouseEvent* event) {
     if (moving_button_ == Qt::NoButton) return;

@@ -18,7 +18,7 @@ class TitleBar : public Image {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
    private:
-    void Namnlist_MouseDown(Qt::MouseButton button, QPoint global_place);
+    void Namnlist_MouseDown(const QMouseEvent& press);
 
     Qt::MouseButton moving_button_ = Qt::NoButton;
     QPoint grip_;  ///< from the window's top-left corner, frame included
