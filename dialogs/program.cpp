@@ -37,6 +37,7 @@ void Program::load() {
         try {
             MFrm_->Form_Load();
         } catch (const std::exception& error) {
+            Startfrm_->hide();
             stop_with_message(QString::fromLocal8Bit(error.what()));
         }
     });
@@ -90,6 +91,7 @@ void Program::show_Slut() {
 void prepare_application() {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(QPalette(QColor(240, 240, 240)));
+    QApplication::setFont(font(Font::regular));
     QGuiApplication::setDesktopFileName(QStringLiteral("brusbo"));
     QApplication::setQuitOnLastWindowClosed(false);
     // A blinking cursor would wake the program twice a second.

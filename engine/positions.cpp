@@ -55,13 +55,18 @@ std::int32_t record_value(std::istream& file, int n) {
     file.clear();
     file.seekg(std::streamoff{record_size} * (n - 1));
     if (file) file.read(record.data(), record_size);
-    if (file.bad()) throw std::system_error(EIO, std::generic_category(), "brs.dat");
+    const std::string place = "brs.dat, record " + std::to_string(n);
+    if (file.bad()) throw std::system_error(EIO, std::generic_category(), place);
 
     const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(record[at]); };
     const unsigned length = byte(0) + 256U * byte(1);
     if (length > longest_text)
-        throw std::system_error(std::make_error_code(std::errc::bad_message), "brs.dat");
-    return whole_number({record.data() + 2, length});
+        throw std::system_error(std::make_error_code(std::errc::bad_message), place);
+    try {
+        return whole_number({record.data() + 2, length});
+    } catch (const std::system_error& error) {
+        throw std::system_error(error.code(), place);
+    }
 }
 
 /// Copies the characters that can continue a number, blanks left out, to `number`; what follows an

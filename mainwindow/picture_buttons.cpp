@@ -19,8 +19,6 @@ PictureButtons::PictureButtons(PictureButton& mnuArkiv, PictureButton& mnuOm,
     qApp->installEventFilter(this);
 }
 
-PictureButtons::~PictureButtons() = default;
-
 void PictureButtons::MouseOver(PictureButton& NAME1, Store NAME2, int X, int Y) {
     if (capture_ == nullptr || capture_->button != &NAME1) {
         for (Row& row : rows_)

@@ -15,7 +15,6 @@ class PictureButtons : public QObject {
    public:
     PictureButtons(PictureButton& mnuArkiv, PictureButton& mnuOm, PictureButton& butMini,
                    PictureButton& butAvsluta);
-    ~PictureButtons() override;
 
     /// A movement of the mouse that belongs to button `NAME1`, whose pictures are in store `NAME2`;
     /// `X` and `Y` are pixels from the button's top-left corner and may lie outside it.

@@ -6,8 +6,8 @@
 
 namespace brusbo {
 
-/// A text box for a name of at most `most_characters` characters, counted as a reader counts
-/// code points, however many bytes they take. What is typed or pasted beyond is left out.
+/// A text box for a name of at most `most_characters` characters, counted in code points, however
+/// many bytes they take. What is typed or pasted beyond is left out.
 class NameBox : public QLineEdit {
     Q_OBJECT
 

@@ -11,6 +11,9 @@
 
 namespace brusbo {
 
+namespace {
+
+/// Brings every change of the visible windows to the screen without waiting for the event loop.
 void show_changes() {
     const auto windows = QApplication::topLevelWidgets();
     for (QWidget* window : windows) {
@@ -19,6 +22,8 @@ void show_changes() {
         QCoreApplication::sendEvent(window, &update);
     }
 }
+
+}  // namespace
 
 void pause(int milliseconds) {
     using std::chrono::steady_clock;

@@ -2,9 +2,6 @@
 
 namespace brusbo {
 
-/// Brings every change of the visible windows to the screen without waiting for the event loop.
-void show_changes();
-
 /// Shows the changes, then lets so many milliseconds pass while windows go on being painted; input
 /// is left to the InputGate, inside one of whose actions this must run. Within one action pauses
 /// are counted from deadline to deadline, so that the time between them, painting included, does

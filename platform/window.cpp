@@ -26,13 +26,12 @@ Window::Window(const char* name, const char* caption, Qt::WindowFlags flags, QSi
     setFixedSize(client);
     // Some desktops hide a tool window while another program is active, which would leave the
     // players without the only window there is; a dialog stays.
-    if (windowType() == Qt::Tool) {
-        winId();
-        setAttribute(Qt::WA_X11NetWmWindowTypeDialog);
-    }
+    winId();
+    if (windowType() == Qt::Tool) setAttribute(Qt::WA_X11NetWmWindowTypeDialog);
 }
 
 void Window::show_active() {
+    if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     activateWindow();

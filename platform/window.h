@@ -19,11 +19,12 @@ class Window : public QWidget {
     /// Shows the window, or brings it up, and makes it the active one.
     void show_active();
 
-    /// Shows the window modally and returns when it has been hidden. Must run inside an action of
-    /// the InputGate.
+    /// Shows the window modally, in front of the window that was active, and returns when it has
+    /// been hidden. Must run inside an action of the InputGate.
     void show_modal();
 
-    /// Where a modal window stays in front of: the window that was active when it was shown.
+    /// Places the client area in the middle of an area of the screen, in device-independent pixels.
+    /// A display that places windows itself, as Wayland does, pays no heed.
     void center_on(const QRect& area);
 
    protected:
@@ -31,6 +32,8 @@ class Window : public QWidget {
     /// program was active before. Runs as an action of its own.
     virtual void Form_Activate() {}
 
+    /// The window manager was asked to close the window, which is ignored unless this does
+    /// something. Runs as an action of its own, and not while a modal window is in front.
     virtual void close_requested() {}
 
     bool event(QEvent* event) override;
