@@ -6,16 +6,6 @@
 
 #include "dialogs/program.h"
 
-namespace {
-
-/// Leaves out what the offscreen platform says of every window that is raised.
-void log(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-    if (!message.startsWith(QLatin1String("This plugin does not support")))
-        std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
-}
-
-}  // namespace
-
 int main(int argc, char** argv) {
     // The screen must hold the windows at every scale. Its file is named from its own folder: Qt
     // misreads an å or a colon in the variable.
@@ -23,7 +13,12 @@ int main(int argc, char** argv) {
     QDir::setCurrent(QStringLiteral(BRUSBO_TEST_SCREEN_FOLDER));
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen:configfile=screen.json");
-    qInstallMessageHandler(log);
+    // Leaves out what the offscreen platform says of every window that is raised.
+    qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext& where, const QString& said) {
+            if (!said.startsWith(QLatin1String("This plugin does not support")))
+                std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, where, said)));
+        });
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     QDir::setCurrent(started_in);

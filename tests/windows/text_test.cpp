@@ -1,9 +1,7 @@
 // Every text is readable in full inside its box, at whatever scale the tests run.
 
-#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
-#include <QTest>
 #include <QTextBlock>
 #include <QTextLayout>
 
@@ -33,24 +31,22 @@ class Text : public Stage {
 
     /// `width` where the text may not use the whole box.
     static void expect_fits(Label& label, int width = 0) {
-        const std::string what = label.window()->objectName().toStdString() + "/" +
-                                 label.objectName().toStdString() + ": " +
-                                 label.text().toStdString();
+        SCOPED_TRACE(label.objectName().toStdString() + ": " + label.text().toStdString());
         const QRectF box(0, 0, width > 0 ? width : label.width(), label.height());
         const QRectF traces = ink(label);
         // A box may end in the middle of a device pixel.
         const double part = 1 / label.devicePixelRatio();
-        EXPECT_TRUE(box.adjusted(-part, 0, part, 0).contains(traces)) << what;
-        EXPECT_LT(traces.bottom(), box.bottom()) << what << " is cut off below";
-        EXPECT_LT(traces.right(), box.right() + (width > 0 ? 0 : 1)) << what;
+        EXPECT_TRUE(box.adjusted(-part, 0, part, 0).contains(traces));
+        EXPECT_LT(traces.bottom(), box.bottom()) << "cut off below";
+        EXPECT_LT(traces.right(), box.right() + (width > 0 ? 0 : 1));
         // Nothing was left out to make it fit.
         const QRectF needed =
             QFontMetricsF(label.font())
                 .boundingRect(QRectF(0, 0, box.width(), 10'000),
                               label.wordWrap() ? Qt::TextWordWrap : 0, label.text().trimmed());
-        EXPECT_LE(needed.width(), box.width() + 0.5) << what;
-        EXPECT_LE(needed.height(), box.height() + 1) << what;
-        EXPECT_GE(label.font().pixelSize(), 8) << what;
+        EXPECT_LE(needed.width(), box.width() + 0.5);
+        EXPECT_LE(needed.height(), box.height() + 1);
+        EXPECT_GE(label.font().pixelSize(), 8);
     }
 
     static void expect_all_fit(const std::string& name) {
@@ -60,23 +56,21 @@ class Text : public Stage {
             EXPECT_LE(each->fontMetrics().horizontalAdvance(each->text()), each->width() - 8)
                 << each->text().toStdString();
     }
-
-    static Label& label(const std::string& name) { return dynamic_cast<Label&>(at(name)); }
 };
 
-TEST_F(Text, EveryMessage) {
-    start();
-    for (const std::string& message : messages()) {
-        Med(message);
-        expect_fits(label("labMeddelande"));
-        EXPECT_EQ(label("labMeddelande").font().pixelSize(), 11) << message;
-    }
-}
-
-TEST_F(Text, EveryWindow) {
-    start(4);
-    throw_die(6);
+TEST_F(Text, InEveryWindow) {
+    load();
+    expect_all_fit("Startfrm");
+    for (int i = 0; i < 4; ++i)
+        as<NameBox>(numbered("Startfrm/Namn", i)).setText(QStringLiteral("WWWWWWWWWW"));
+    click("Startfrm/Starta");
+    settle();
+    EXPECT_EQ(text("labVisa_tur"), "WWWWWWWWWWs tur!");
+    // The picture of the turn begins 116 pixels right of the label's left edge.
+    expect_fits(as<Label>("labVisa_tur"), 116);
+    throw_die(6);  // with the longest message of all
     expect_all_fit("MFrm");
+    EXPECT_EQ(at("labMeddelande").font().pixelSize(), 11);
     click("butTvå_pjäser");
     settle();
     expect_all_fit("MFrm");
@@ -85,51 +79,29 @@ TEST_F(Text, EveryWindow) {
         click("frmOm/Klar");
     });
     click("mnuOm");
-}
-
-TEST_F(Text, StartWindow) {
-    load();
-    expect_all_fit("Startfrm");
+    click("butNästa");
+    win([&] {
+        EXPECT_EQ(text("Grattis/labVisa_vinnare"), "WWWWWWWWWW har vunnit!");
+        expect_all_fit("Grattis");
+        click("Grattis/butNytt_snabbt");
+    });
+    click("butAvsluta");
+    expect_all_fit("Slut");
 }
 
 TEST_F(Text, FarewellInFull) {
     start();
     click("butAvsluta");
-    expect_all_fit("Slut");
-    auto& words = dynamic_cast<QPlainTextEdit&>(at("Slut/Text"));
-    const double height = words.viewport()->height();
-    double bottom = 0;
+    auto& words = as<QPlainTextEdit>("Slut/Text");
     int lines = 0;
     for (QTextBlock block = words.document()->firstBlock(); lines < 8; block = block.next()) {
         ++lines;
         EXPECT_EQ(block.layout()->lineCount(), 1) << block.text().toStdString();
         EXPECT_LE(block.layout()->lineAt(0).naturalTextWidth(), words.viewport()->width() - 2);
-        QTextCursor cursor(block);
-        bottom = words.cursorRect(cursor).bottom();
+        EXPECT_LT(words.cursorRect(QTextCursor(block)).bottom(), words.viewport()->height());
     }
-    EXPECT_LT(bottom, height);
     EXPECT_FALSE(words.horizontalScrollBar()->isVisible());
     EXPECT_FALSE(words.verticalScrollBar()->isVisible());
-}
-
-TEST_F(Text, TenWideLetters) {
-    load();
-    const char* const wide = "WWWWWWWWWW";
-    for (int i = 0; i < 4; ++i)
-        dynamic_cast<QLineEdit&>(at("Startfrm/Namn(" + std::to_string(i) + ")")).setText(wide);
-    click("Startfrm/Starta");
-    settle();
-    EXPECT_EQ(text("labVisa_tur"), "WWWWWWWWWWs tur!");
-    // The picture of the turn begins 116 pixels right of the label's left edge.
-    expect_fits(label("labVisa_tur"), 116);
-    place(1, {55, 55, 44, 55});
-    throw_die(1);
-    when_shown("Grattis", [&] {
-        EXPECT_EQ(text("Grattis/labVisa_vinnare"), "WWWWWWWWWW har vunnit!");
-        expect_all_fit("Grattis");
-        click("Grattis/butNytt_snabbt");
-    });
-    click("Pjäs(2)");
 }
 
 }  // namespace

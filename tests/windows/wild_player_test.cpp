@@ -91,7 +91,8 @@ class WildPlayer : public Stage, public testing::WithParamInterface<int> {
     void bring_an_end_near() {
         log_.emplace_back("an end near");
         for (int player = 1; player <= Antal_spelare; ++player)
-            place(player, {55, 40 + player % 2, 55, below(2) == 0 ? 44 : 0});
+            place(player,
+                  "55 " + std::to_string(40 + player % 2) + (below(2) == 0 ? " 55 44" : " 55 0"));
         // What was offered may have lost its ground.
         Val12(false);
         if (!Tärning_enabled && !butNästa_visible) Klar();
