@@ -48,7 +48,7 @@ TEST_F(Chrome, HoverLightsUpAndSoundsOnceBetweenInclusiveBounds) {
             {{beyond.x(), box.top() + 1}, "one beyond the right edge", "", true},
             {{box.left() + 1, beyond.y()}, "one beyond the lower edge", "", true},
             {{beyond.x() + 1, box.top() + 1}, "two beyond the right edge", "", false},
-            {box.center(), "entering again", "s2", true},
+            {box.center(), "again", "s2", true},
             {{box.left() - 1, box.top() + 1}, "one left of it", "", false},
             {box.center(), "and again", "s2", true},
             {{box.left() + 1, box.top() - 1}, "one above it", "", false},
@@ -196,8 +196,6 @@ TEST_F(Chrome, TheTitleBarMovesTheWindowWhereItIsUncovered) {
     } rows[] = {
         {{320, 5}, Qt::LeftButton, "above the labels", true},
         {{320, 30}, Qt::RightButton, "with the right button", true},
-        {{112, 20}, Qt::MiddleButton, "between om and the address", true},
-        {{150, 18}, Qt::LeftButton, "on the address", false},
         {{30, 18}, Qt::RightButton, "on a picture button", false},
         {{400, 100}, Qt::LeftButton, "on the board", false},
         {{400, 18}, Qt::LeftButton, "where the hidden count is", true},
@@ -231,8 +229,7 @@ TEST_F(Chrome, FarewellWindow) {
     world->heard();
     key("Slut", Qt::Key_Escape);
     request_close("Slut");
-    EXPECT_TRUE(shown("Slut"));
-    EXPECT_TRUE(ends.empty());
+    EXPECT_TRUE(shown("Slut") && ends.empty());
     click("Slut/Stäng");
     EXPECT_EQ(world->heard(), "s1");
     EXPECT_EQ(ends, std::vector{0});
@@ -241,8 +238,7 @@ TEST_F(Chrome, FarewellWindow) {
 TEST_F(Chrome, EscapeAndCloseRequests) {
     load();
     key("Startfrm", Qt::Key_Escape);
-    EXPECT_TRUE(shown("Startfrm"));
-    EXPECT_TRUE(ends.empty());
+    EXPECT_TRUE(shown("Startfrm") && ends.empty());
     request_close("Startfrm");
     EXPECT_EQ(ends, std::vector{0});
     click("Startfrm/Starta");

@@ -6,10 +6,7 @@
 #include <QCloseEvent>
 #include <QTest>
 #include <QTimer>
-#include <QWheelEvent>
 #include <QWindow>
-#include <cstdio>
-#include <cstdlib>
 
 #include "tests/windows/stage.h"
 
@@ -32,11 +29,6 @@ class WildPlayer : public Stage, public testing::WithParamInterface<int> {
             if (!done_) go_on();
         });
         check();
-        stuck_ = InputGate::instance().closed() ? stuck_ + 1 : 0;
-        if (stuck_ > 20'000) {
-            std::fprintf(stderr, "stuck after %s\n", last_actions().c_str());
-            std::abort();
-        }
         if (HasFailure() || (actions_left_ <= 0 && quiet())) {
             done_ = true;
             return;
@@ -65,8 +57,7 @@ class WildPlayer : public Stage, public testing::WithParamInterface<int> {
     void check() {
         if (InputGate::instance().closed() || shown("Grattis")) return;
         ++checks_;
-        const char* const broken = broken_invariant();
-        ASSERT_EQ(broken, nullptr) << log_.back();
+        ASSERT_EQ(broken_invariant(), nullptr) << log_.back();
         ASSERT_EQ(difference(), "") << log_.back();
     }
 
@@ -101,54 +92,27 @@ class WildPlayer : public Stage, public testing::WithParamInterface<int> {
     void act_wildly() {
         QWidget* const top = any_window();
         QWidget* const element = any_child(*top);
-        switch (below(12)) {
-            case 0:
-            case 1:
-            case 2:
-                return press(*top, {below(top->width()), below(top->height())},
-                             one_of(std::array{Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}));
-            case 3:
-                press(*element, element->rect().center(), Qt::LeftButton);
-                time_ -= 900;  // a double click
-                return press(*element, element->rect().center(), Qt::LeftButton);
-            case 4:
-                return send(*top, {below(top->width() + 9) - 4, below(40)}, Qt::NoButton,
-                            QEvent::MouseMove);
-            case 5:
-            case 6:
-                return press_key(*top);
-            case 7: {
-                log_.push_back("wheel on " + name_of(*top));
-                const QPointF place(below(top->width()), below(top->height()));
-                QCoreApplication::postEvent(
-                    top->windowHandle(),
-                    new QWheelEvent(place, top->mapToGlobal(place), {}, {0, 120}, Qt::NoButton, {},
-                                    Qt::NoScrollPhase, false));
-                return;
-            }
-            case 8:
-                if (blocked_by_modal(*top)) return;
-                log_.push_back("close request to " + name_of(*top));
-                QCoreApplication::postEvent(top->windowHandle(), new QCloseEvent);
-                return;
-            case 9: {
-                log_.push_back("accessibility on " + name_of(*element));
-                auto* const interface = QAccessible::queryAccessibleInterface(element);
-                auto* const actions = interface == nullptr ? nullptr : interface->actionInterface();
-                if (actions != nullptr)
-                    for (const QString& action : actions->actionNames()) actions->doAction(action);
-                return;
-            }
-            case 10: {
-                auto* const button = qobject_cast<QAbstractButton*>(element);
-                if (button == nullptr || blocked_by_modal(*top)) return;
-                log_.push_back("programmatic click on " + name_of(*element));
-                return button->click();
-            }
-            default:
-                if (blocked_by_modal(*top)) return;
-                log_.push_back("activation of " + name_of(*top));
-                return top->activateWindow();
+        const QPoint place(below(top->width() + 9) - 4, below(top->height()));
+        const int what = below(10);
+        log_.push_back("act " + std::to_string(what) + " on " + name_of(*element));
+        if (what > 6 && blocked_by_modal(*top)) return;
+        if (what < 3)
+            return press(*top, place,
+                         one_of(std::array{Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}));
+        if (what == 3) return press(*element, element->rect().center(), Qt::LeftButton, 2);
+        if (what == 4) return send(*top, place, Qt::NoButton, QEvent::MouseMove);
+        if (what == 5) return press_key(*top);
+        if (what == 6) {
+            auto* const interface = QAccessible::queryAccessibleInterface(element);
+            auto* const actions = interface == nullptr ? nullptr : interface->actionInterface();
+            if (actions == nullptr) return;
+            for (const QString& action : actions->actionNames()) actions->doAction(action);
+        } else if (what == 7) {
+            QCoreApplication::postEvent(top->windowHandle(), new QCloseEvent);
+        } else if (what == 8) {
+            if (auto* button = qobject_cast<QAbstractButton*>(element)) button->click();
+        } else {
+            top->activateWindow();
         }
     }
 
@@ -156,23 +120,22 @@ class WildPlayer : public Stage, public testing::WithParamInterface<int> {
         const auto key = one_of(std::array{Qt::Key_Escape, Qt::Key_Tab, Qt::Key_F2, Qt::Key_Return,
                                            Qt::Key_Space, Qt::Key_A, Qt::Key_S, Qt::Key_Backspace,
                                            Qt::Key_Down, Qt::Key_F4, Qt::Key_Delete});
-        log_.push_back("key " + std::to_string(key) + " to " + name_of(top));
         const QString text = key < 0x80 ? QString(QChar(key)) : QString();
         for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
             qt_handleKeyEvent(top.windowHandle(), type, key, {}, text, false, 1);
     }
 
     void press(const std::string& element) {
+        log_.push_back("click on " + element);
         press(at(element), at(element).rect().center(), Qt::LeftButton);
     }
 
-    void press(QWidget& widget, QPoint place, Qt::MouseButton button) {
-        QWidget* const top = widget.window();
-        const QPoint in_window = widget.mapTo(top, place);
-        log_.push_back("button " + std::to_string(button) + " on " + name_of(widget));
+    void press(QWidget& widget, QPoint place, Qt::MouseButton button, int times = 1) {
+        QWidget& top = *widget.window();
         time_ += 1000;
-        send(*top, in_window, button, QEvent::MouseButtonPress);
-        send(*top, in_window, button, QEvent::MouseButtonRelease);
+        for (; times > 0; --times)
+            for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+                send(top, widget.mapTo(&top, place), button, type);
     }
 
     /// Queued like the window system's own.
@@ -185,8 +148,7 @@ class WildPlayer : public Stage, public testing::WithParamInterface<int> {
     }
 
     static std::string name_of(const QWidget& widget) {
-        return widget.window()->objectName().toStdString() + "/" +
-               widget.objectName().toStdString();
+        return (widget.window()->objectName() + "/" + widget.objectName()).toStdString();
     }
 
     QWidget* any_window() {
@@ -208,14 +170,12 @@ class WildPlayer : public Stage, public testing::WithParamInterface<int> {
     std::vector<std::string> log_{"the start"};
     int actions_left_ = 20'000;
     int checks_ = 0;
-    int stuck_ = 0;
     int time_ = 1'000'000;
     bool done_ = false;
 };
 
 TEST_P(WildPlayer, BreaksNothing) {
     start(GetParam());
-    generator_.seed(static_cast<unsigned>(GetParam()));
     world->generator.seed(static_cast<unsigned>(GetParam()));
     world->pauses_to_real_one = 3;
     go_on();
@@ -226,8 +186,6 @@ TEST_P(WildPlayer, BreaksNothing) {
     EXPECT_GT(world->winners, 4) << "games come to their end";
     EXPECT_GT(board_resets, 20U);
     EXPECT_EQ(difference(), "");
-    RecordProperty("checks", checks_);
-    RecordProperty("winners", world->winners);
 }
 
 INSTANTIATE_TEST_SUITE_P(Players, WildPlayer, testing::Values(2, 3, 4));
