@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QPalette>
 #include <QStyleFactory>
+#include <QThreadPool>
 #include <exception>
 
 #include "engine/engine.h"
@@ -96,6 +97,8 @@ void prepare_application() {
     QApplication::setQuitOnLastWindowClosed(false);
     // A blinking cursor would wake the program twice a second.
     QApplication::setCursorFlashTime(0);
+    // Threads that Qt paints with would wake up once more, to end, when half a minute has passed.
+    QThreadPool::globalInstance()->setExpiryTimeout(-1);
     install_accessible_buttons();
 }
 
