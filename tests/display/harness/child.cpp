@@ -35,6 +35,7 @@ Child::Child(const Command& command) : log_(command.log) {
     const std::vector<char*> environment = pointers(variables);
     const int log = open(log_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
 
+    start_ = std::chrono::steady_clock::now();
     id_ = fork();
     if (id_ < 0) throw std::runtime_error("no process for " + words[0]);
     if (id_ > 0) {

@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -29,6 +30,7 @@ class Child {
     Child& operator=(const Child&) = delete;
 
     pid_t id() const { return id_; }
+    std::chrono::steady_clock::time_point start() const { return start_; }
     bool runs();
     void send(int signal) const;
 
@@ -41,6 +43,7 @@ class Child {
    private:
     const std::filesystem::path log_;
     pid_t id_ = 0;
+    std::chrono::steady_clock::time_point start_;
     std::optional<int> status_;
 };
 

@@ -19,16 +19,21 @@ bool is_painted(const QImage& image) {
     return false;
 }
 
+Environment with_scale(Environment environment, double scale) {
+    if (scale != 1) environment["QT_SCALE_FACTOR"] = std::to_string(scale);
+    return environment;
+}
+
 }  // namespace
 
-Game::Game(const Desktop& desktop, double scale)
+Game::Game(const Desktop& desktop, double scale, Environment more,
+           const std::filesystem::path& program)
     : desktop_(desktop),
       scale_(scale),
-      program_(desktop, scale == 1 ? Environment{}
-                                   : Environment{{"QT_SCALE_FACTOR", std::to_string(scale)}}) {}
+      program_(desktop, with_scale(std::move(more), scale), program) {}
 
 QSize Game::size_of(Shown which) const {
-    constexpr QSize sizes[] = {{188, 305}, {570, 416}, {188, 378}, {312, 212}};
+    constexpr QSize sizes[] = {{188, 305}, {570, 416}, {188, 378}, {312, 212}, {309, 294}};
     const QSizeF size = QSizeF(sizes[static_cast<int>(which)]) * scale_;
     return {static_cast<int>(std::lround(size.width())),
             static_cast<int>(std::lround(size.height()))};

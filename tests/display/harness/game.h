@@ -6,7 +6,7 @@
 namespace brusbo::display {
 
 /// The windows that are told apart by their sizes.
-enum class Shown { start, main, about, farewell };
+enum class Shown { start, main, about, farewell, winner };
 
 // Where things are in their windows, device-independent pixels.
 inline constexpr QRect Starta{60, 258, 71, 33};
@@ -30,7 +30,8 @@ inline constexpr QPoint grip{300, 30};
 /// The program on an X desktop, and a person in front of it.
 class Game {
    public:
-    explicit Game(const Desktop& desktop, double scale = 1);
+    explicit Game(const Desktop& desktop, double scale = 1, Environment more = {},
+                  const std::filesystem::path& program = {});
 
     const XClient& person() const { return desktop_.person(); }
     RunningProgram& program() { return program_; }

@@ -9,8 +9,10 @@ namespace brusbo::display {
 
 namespace fs = std::filesystem;
 
-RunningProgram::RunningProgram(const Desktop& desktop, const Environment& more) {
+RunningProgram::RunningProgram(const Desktop& desktop, const Environment& more,
+                               const fs::path& program) {
     const fs::path folder = desktop.home() / "game";
+    fs::remove_all(folder);
     fs::copy(BRUSBO_DATA, folder, fs::copy_options::recursive);
     watch_ = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
     if (inotify_add_watch(watch_, folder.c_str(), IN_OPEN) < 0)
@@ -18,7 +20,11 @@ RunningProgram::RunningProgram(const Desktop& desktop, const Environment& more) 
     Environment environment = more;
     environment.insert(desktop.environment().begin(), desktop.environment().end());
     process_ = std::make_unique<Child>(
-        Child::Command{{BRUSBO_PROGRAM}, environment, folder, desktop.home() / "program.log", -1});
+        Child::Command{{program.empty() ? BRUSBO_PROGRAM : program.string()},
+                       environment,
+                       folder,
+                       desktop.home() / "program.log",
+                       -1});
 }
 
 RunningProgram::~RunningProgram() { close(watch_); }

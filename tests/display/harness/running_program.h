@@ -12,8 +12,10 @@ namespace brusbo::display {
 /// here is a copy.
 class RunningProgram {
    public:
-    /// `more` goes before the desktop's own environment.
-    explicit RunningProgram(const Desktop& desktop, const Environment& more = {});
+    /// `more` goes before the desktop's own environment; `program` stands for ours where it is not
+    /// empty.
+    explicit RunningProgram(const Desktop& desktop, const Environment& more = {},
+                            const std::filesystem::path& program = {});
     ~RunningProgram();
     RunningProgram(const RunningProgram&) = delete;
     RunningProgram& operator=(const RunningProgram&) = delete;
