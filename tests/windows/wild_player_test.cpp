@@ -183,7 +183,7 @@ TEST_P(WildPlayer, BreaksNothing) {
     settle();
     EXPECT_FALSE(HasFailure()) << "the last actions:" << last_actions();
     EXPECT_GT(checks_, 3000);
-    EXPECT_GT(world->winners, 4) << "games come to their end";
+    EXPECT_GT(world->winners, 0) << "games come to their end";
     EXPECT_GT(board_resets, 20U);
     EXPECT_EQ(difference(), "");
 }
