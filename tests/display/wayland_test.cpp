@@ -36,9 +36,7 @@ class Compositor {
     /// The client area of the window of that size.
     std::optional<QRect> find(QSize size) const { return find("xdg_toplevel", size); }
 
-    QRect popup() const {
-        return *wait_for("a popup", [&] { return find("xdg_popup", {}); });
-    }
+    std::optional<QRect> find_popup() const { return find("xdg_popup", {}); }
 
    private:
     std::string scene() const {
@@ -102,23 +100,25 @@ class WaylandPlay : public ::testing::Test {
     void click(QPoint place) const { person().click(place); }
 
     /// Waits until the window is there and its face is seen. The compositor gives a window no input
-    /// before it has drawn it.
+    /// before it has drawn it, and tells of one before it has found its place.
     QRect window(QSize size) const {
         // The compositor's arrow would be part of what is seen.
         person().point_at({998, 798});
-        const QRect found = *wait_for("a window", [&] { return compositor_.find(size); });
         // The largest corner without elements, of the picture that is the window's ground.
         const QImage panel = brusbo::image(Picture::side_panel).copy(0, 0, 180, 80);
         const QImage board = brusbo::image(Picture::board).copy(140, 0, 100, 378);
         QImage plain(50, 40, QImage::Format_RGB32);
         plain.fill(QColor(240, 240, 240));
-        if (size == main_size)
-            wait_for_image(found, Picture1.topLeft() + QPoint(140, 0), board);
-        else if (size == farewell_size)
-            wait_for_image(found, {230, 8}, plain);
-        else
-            wait_for_image(found, {0, 0}, panel);
-        return found;
+        const auto face_is_seen = [&](const QRect& window) {
+            if (size == main_size)
+                return shows(window, Picture1.topLeft() + QPoint(140, 0), board);
+            if (size == farewell_size) return shows(window, {230, 8}, plain);
+            return shows(window, {0, 0}, panel);
+        };
+        return *wait_for("a window's face", [&] {
+            const auto found = compositor_.find(size);
+            return found && face_is_seen(*found) ? found : std::nullopt;
+        });
     }
 
     /// Presses Starta. The main window.
@@ -129,14 +129,9 @@ class WaylandPlay : public ::testing::Test {
         return main;
     }
 
-    void wait_for_image(const QRect& window, QPoint corner, const QImage& expected) const {
+    bool shows(const QRect& window, QPoint corner, const QImage& expected) const {
         const QImage wanted = expected.convertToFormat(QImage::Format_RGB32);
-        wait_for("a picture", [&] {
-            return person().image({window.topLeft() + corner, wanted.size()}) == wanted;
-        });
-    }
-    void wait_for_picture(const QRect& window, QPoint corner, Picture picture) const {
-        wait_for_image(window, corner, brusbo::image(picture));
+        return image(window, {corner, wanted.size()}) == wanted;
     }
 
     /// Moves the mouse about there until the picture of the button is seen.
@@ -233,13 +228,17 @@ TEST_F(WaylandPlay, TheMenuOpensAtTheLowerLeftCornerOfItsButton) {
     const QRect main = play();
     hover(main, mnuArkiv.bottomRight(), mnuArkiv, Picture::arkiv_1);
     click(main.topLeft() + mnuArkiv.center());
-    const QRect menu = compositor_.popup();
-    EXPECT_EQ(menu.topLeft(), main.topLeft() + QPoint(14, 28));
-    click(menu.topLeft() + QPoint(60, menu.height() / 6));
+    const QPoint corner = main.topLeft() + QPoint(14, 28);
+    const QRect menu = *wait_for("the menu at its place", [&] {
+        const auto found = compositor_.find_popup();
+        return found && found->topLeft() == corner ? found : std::nullopt;
+    });
+    click(corner + QPoint(60, menu.height() / 6));
     click(window(start_size).topLeft() + Starta.center());
     person().point_at({998, 798});
     wait_for("the start window to go", [&] { return !compositor_.find(start_size); });
-    wait_for_picture(main, mnuArkiv.topLeft(), Picture::arkiv_0);
+    const QImage normal = brusbo::image(Picture::arkiv_0);
+    wait_for("the normal button", [&] { return shows(main, mnuArkiv.topLeft(), normal); });
 }
 
 }  // namespace
