@@ -1,7 +1,6 @@
 #include "tests/display/harness/game.h"
 
 #include <cmath>
-#include <set>
 
 namespace brusbo::display {
 
@@ -9,14 +8,30 @@ namespace {
 
 constexpr char window_class[] = "brusbo";
 
-/// A window that is only background has few colours.
-bool is_painted(const QImage& image) {
-    constexpr std::size_t enough = 8;
-    std::set<QRgb> colours;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (colours.insert(image.pixel(x, y)).second && colours.size() >= enough) return true;
-    return false;
+/// A place with a colour that nothing below the window has there. An unpainted window looks like
+/// what is below it.
+struct Face {
+    QSize size;
+    QPoint spot;
+    QRgb colour;
+};
+
+constexpr QRgb button_face = qRgb(255, 224, 192);
+
+Face face_of(Shown which) {
+    switch (which) {
+        case Shown::start:
+            return {{188, 305}, Starta.topLeft() + QPoint(8, 5), button_face};
+        case Shown::main:
+            return {{570, 416}, Picture1.topLeft() + QPoint(2, 2), qRgb(200, 150, 100)};
+        case Shown::about:
+            return {{188, 378}, Klar.topLeft() + QPoint(8, 5), button_face};
+        case Shown::farewell:
+            return {{312, 212}, {231, 9}, qRgb(240, 240, 240)};
+        case Shown::winner:
+            break;
+    }
+    return {{309, 294}, {200, 30}, qRgb(0, 0, 0)};
 }
 
 Environment with_scale(Environment environment, double scale) {
@@ -33,8 +48,7 @@ Game::Game(const Desktop& desktop, double scale, Environment more,
       program_(desktop, with_scale(std::move(more), scale), program) {}
 
 QSize Game::size_of(Shown which) const {
-    constexpr QSize sizes[] = {{188, 305}, {570, 416}, {188, 378}, {312, 212}, {309, 294}};
-    const QSizeF size = QSizeF(sizes[static_cast<int>(which)]) * scale_;
+    const QSizeF size = QSizeF(face_of(which).size) * scale_;
     return {static_cast<int>(std::lround(size.width())),
             static_cast<int>(std::lround(size.height()))};
 }
@@ -50,7 +64,10 @@ WindowId Game::window(Shown which) {
         if (!program_.process().runs())
             throw std::runtime_error("the program has ended: " + program_.process().output());
         const WindowId window = find(which);
-        return window != 0 && is_painted(person().image(person().place(window))) ? window : 0;
+        if (window == 0) return 0;
+        const Face face = face_of(which);
+        const QImage spot = person().image({at(window, QPointF(face.spot)), QSize(1, 1)});
+        return !spot.isNull() && spot.pixel(0, 0) == face.colour ? window : 0;
     });
 }
 
@@ -62,8 +79,7 @@ WindowId Game::menu() {
     return wait_for("the menu", [&]() -> WindowId {
         for (const WindowId window : person().windows_of(window_class))
             if (person().is_unmanaged(window) &&
-                !person().has_atom(window, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_TOOLTIP") &&
-                is_painted(person().image(person().place(window))))
+                !person().has_atom(window, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_TOOLTIP"))
                 return window;
         return 0;
     });
