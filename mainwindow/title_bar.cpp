@@ -1,6 +1,7 @@
 #include "mainwindow/title_bar.h"
 
 #include <QMouseEvent>
+#include <QWindow>
 
 #include "mainwindow/layout.h"
 #include "platform/system_grip.h"
@@ -15,7 +16,12 @@ void TitleBar::Namnlist_MouseDown(const QMouseEvent& press) {
     if (system_moves(*window(), press)) return;
     if (moving_button_ != Qt::NoButton) return;
     moving_button_ = press.button();
-    grip_ = press.globalPosition().toPoint() - window()->pos();
+    grip_ = press.globalPosition().toPoint() - window()->windowHandle()->position();
+}
+
+// By the client area: how wide the frame is, the program may not have heard before the move begins.
+void TitleBar::move_window(const QMouseEvent& event) {
+    window()->windowHandle()->setPosition(event.globalPosition().toPoint() - grip_);
 }
 
 void TitleBar::mousePressEvent(QMouseEvent* event) { Namnlist_MouseDown(*event); }
@@ -27,12 +33,12 @@ void TitleBar::mouseMoveEvent(QMouseEvent* event) {
         moving_button_ = Qt::NoButton;
         return;
     }
-    window()->move(event->globalPosition().toPoint() - grip_);
+    move_window(*event);
 }
 
 void TitleBar::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == moving_button_) {
-        window()->move(event->globalPosition().toPoint() - grip_);
+        move_window(*event);
         moving_button_ = Qt::NoButton;
     }
 }

@@ -19,9 +19,10 @@ class TitleBar : public Image {
 
    private:
     void Namnlist_MouseDown(const QMouseEvent& press);
+    void move_window(const QMouseEvent& event);
 
     Qt::MouseButton moving_button_ = Qt::NoButton;
-    QPoint grip_;  ///< from the window's top-left corner, frame included
+    QPoint grip_;  ///< from the window's top-left corner, frame not included
 };
 
 }  // namespace brusbo

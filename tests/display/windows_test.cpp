@@ -69,6 +69,7 @@ TEST_F(Windows, TheAboutWindowIsModalUntilKlar) {
         const WindowId about = game_.window(Shown::about);
         EXPECT_EQ(person().title(about), "Om...");
         game_.click(main_, {40, 170, 30, 30});
+        person().wait_for_free_pointer();
         game_.click(about, Klar);
         game_.wait_until_gone(Shown::about);
         expect_sound("s1.wav");
