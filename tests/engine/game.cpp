@@ -124,7 +124,7 @@ void Game::set_up(const std::string& before) {
 
 Click Game::die(int face) {
     return [this, face] {
-        recorder.script_throw(face);
+        recorder.dice.script(face);
         Tärning_Click();
     };
 }

@@ -68,17 +68,13 @@ class RandomPlay : public Game, public testing::WithParamInterface<int> {
 
     void expect_screen_shows_state() {
         for (int b = 0; b < piece_count; ++b) {
-            const auto& Ruta = Spelare[b / 4 + 1].Ruta;
-            const auto own = Ruta.begin() + b % 4;
-            const bool on_board = *own != 0 && *own != 55;
-            const bool stacked = on_board && std::find(Ruta.begin(), own, *own) != own;
-            const Point place = *own == 0 ? home_of(b) : point_of(b / 4 + 1, *own);
+            const bool finished = square_of(b) == square_finished;
             const std::string piece = Recorder::name({Element::Pjäs, b});
             const std::string marker = Recorder::name({Element::Plus, b});
-            ASSERT_EQ(recorder.visible[piece], *own != 55) << piece;
-            ASSERT_TRUE(*own == 55 || recorder.places[piece] == place) << piece;
-            ASSERT_EQ(recorder.visible[marker], stacked) << marker;
-            ASSERT_TRUE(!stacked || recorder.places[marker] == place) << marker;
+            ASSERT_EQ(recorder.visible[piece], !finished) << piece;
+            ASSERT_TRUE(finished || recorder.places[piece] == place_of(b)) << piece;
+            ASSERT_EQ(recorder.visible[marker], is_marked(b)) << marker;
+            ASSERT_TRUE(!is_marked(b) || recorder.places[marker] == place_of(b)) << marker;
         }
     }
 

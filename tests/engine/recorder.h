@@ -1,31 +1,17 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <map>
-#include <random>
 #include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "engine/engine.h"
+#include "tests/engine/table.h"
 
 namespace brusbo::test {
-
-using Point = std::pair<int, int>;
-
-inline Point point_of(int player, int square) {
-    return {Positioner[player][axis_x][square], Positioner[player][axis_y][square]};
-}
-
-/// The place of piece picture b, 0..15, in its nest.
-inline Point home_of(int b) {
-    static constexpr Point corners[] = {{36, 34}, {274, 34}, {274, 272}, {36, 274}};
-    const Point corner = corners[b / 4];
-    return {corner.first + (b % 2 == 1 ? 42 : 0), corner.second + (b % 4 >= 2 ? 42 : 0)};
-}
 
 /// Writes down every effect in words, in order, and keeps what the screen then shows.
 class Recorder final : public Elements, public Services {
@@ -35,14 +21,7 @@ class Recorder final : public Elements, public Services {
     std::map<std::string, bool> visible;  ///< by element
     std::map<std::string, Point> places;
     std::function<void()> at_Grattis = [] {}, at_Startfrm = [] {};
-    std::deque<float> random_values;  ///< used up first
-    std::mt19937 generator;           ///< then this one delivers
-
-    /// Makes the coming throw end on this face, with the die at 450 and faces 1 on the way.
-    void script_throw(int face) {
-        random_values.assign(12, 0);
-        random_values.back() = static_cast<float>((face - 0.5) / 6);
-    }
+    Dice dice;
 
     static std::string name(ElementId id) {
         static constexpr const char* names[] = {
@@ -102,12 +81,7 @@ class Recorder final : public Elements, public Services {
     void pause(int milliseconds) override { note("pause ", milliseconds); }
     double time_of_day() override { return 43200.5; }
     void seed_random(double seed) override { note("seed ", seed); }
-    float random_value() override {
-        if (random_values.empty()) return static_cast<float>(generator() >> 8) * 0x1p-24F;
-        const float value = random_values.front();
-        random_values.pop_front();
-        return value;
-    }
+    float random_value() override { return dice.next(); }
     void beep() override { note("beep"); }
     void show_Grattis() override { note("show Grattis"), at_Grattis(); }
     void close_Grattis() override { note("close Grattis"); }

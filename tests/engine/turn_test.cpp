@@ -37,7 +37,7 @@ TEST_F(Turn, Throws) {
 // Values just below a boundary belong to the lower place or face, whatever the precision.
 TEST_F(Turn, RandomValuesToPlacesAndFaces) {
     const float below_half = std::nextafter(0.5F, 0.0F), below_one = std::nextafter(1.0F, 0.0F);
-    recorder.random_values = {
+    recorder.dice.scripted = {
         0.0F,       0.0F,          below_one,       below_one,      0.5F, 0.5F,
         below_half, below_half,    0x1.aa401ap-11F, 0x1.555554p-3F,  // next below 1/1230 and 1/6
         0.75F,      0x1.555556p-3F};

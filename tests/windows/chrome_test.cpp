@@ -19,47 +19,51 @@ class Chrome : public Stage {
                                           {"mnuOm", Picture::om_1},
                                           {"butMini", Picture::minimise_1},
                                           {"butAvsluta", Picture::close_1}})
-            if (as<PictureButton>(name).picture() == light) names += name;
+            if (picture(at(name)) == light) names += name;
         return names;
+    }
+
+    static QRect box_of(const std::string& element) {
+        return {at(element).mapTo(at(element).window(), QPoint()), at(element).size()};
     }
 
     static void choose(const char* item) {
         auto& menu = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
-        for (QAction* action : menu.actions())
-            if (action->objectName() == item)
-                QTest::mouseClick(menu.windowHandle(), Qt::LeftButton, {},
-                                  menu.actionGeometry(action).center());
+        QTest::mouseClick(menu.windowHandle(), Qt::LeftButton, {},
+                          menu.actionGeometry(menu.findChild<QAction*>(item)).center());
+    }
+
+    static void drag(const std::string& name, Qt::MouseButton button, QPoint from, QPoint by) {
+        QWidget& dragged = *window(name);
+        const QPoint to = dragged.mapToGlobal(from + by);
+        QTest::mousePress(dragged.windowHandle(), button, {}, from);
+        QTest::mouseMove(dragged.windowHandle(), from + by / 2);
+        // The window may have gone along.
+        QTest::mouseMove(dragged.windowHandle(), dragged.mapFromGlobal(to));
+        QTest::mouseRelease(dragged.windowHandle(), button, {}, dragged.mapFromGlobal(to));
     }
 };
 
 TEST_F(Chrome, HoverLightsUpAndSoundsOnceBetweenInclusiveBounds) {
     start();
     for (const std::string name : {"mnuArkiv", "mnuOm", "butMini", "butAvsluta"}) {
-        const QRect box(in_window(name, QPoint()), at(name).size());
-        const QPoint beyond = box.topLeft() + QPoint(box.width(), box.height());
         world->at_sound = [&] { EXPECT_EQ(lit(), name) << "the picture comes before the sound"; };
+        const QRect box = box_of(name);
+        const QPoint middle = box.center(), beyond = box.bottomRight() + QPoint(1, 1);
         const struct {
-            QPoint place;
-            const char *purpose, *heard;
-            bool lights;
-        } steps[] = {
-            {box.center(), "entering", "s2", true},
-            {box.topLeft(), "inside", "", true},
-            {{beyond.x(), box.top() + 1}, "one beyond the right edge", "", true},
-            {{box.left() + 1, beyond.y()}, "one beyond the lower edge", "", true},
-            {{beyond.x() + 1, box.top() + 1}, "two beyond the right edge", "", false},
-            {box.center(), "again", "s2", true},
-            {{box.left() - 1, box.top() + 1}, "one left of it", "", false},
-            {box.center(), "and again", "s2", true},
-            {{box.left() + 1, box.top() - 1}, "one above it", "", false},
-            {box.bottomRight(), "from below", "s2", true},
-            {{box.left() + 1, beyond.y() + 1}, "two beyond the lower edge", "", false},
-            {{beyond.x(), box.top() + 1}, "the edge does not light it", "", false},
-        };
-        for (const auto& step : steps) {
-            hover(step.place);
-            EXPECT_EQ(world->heard(), step.heard) << name << ", " << step.purpose;
-            EXPECT_EQ(lit(), step.lights ? name : "") << step.purpose;
+            QPoint inside, outside;
+        } edges[] = {{{beyond.x(), middle.y()}, {beyond.x() + 1, middle.y()}},
+                     {{middle.x(), beyond.y()}, {middle.x(), beyond.y() + 1}},
+                     {{box.left(), middle.y()}, {box.left() - 1, middle.y()}},
+                     {{middle.x(), box.top()}, {middle.x(), box.top() - 1}}};
+        for (const auto& edge : edges) {
+            for (const QPoint place : {middle, edge.inside, middle}) {
+                hover(place);
+                EXPECT_EQ(lit(), name);
+            }
+            EXPECT_EQ(world->heard(), "s2");
+            hover(edge.outside);
+            EXPECT_EQ(lit() + world->heard(), "");
         }
     }
     // The first movement on another button belongs to the lit one.
@@ -72,153 +76,105 @@ TEST_F(Chrome, HoverLightsUpAndSoundsOnceBetweenInclusiveBounds) {
     EXPECT_EQ(seen, "mnuArkiv s2;  ; mnuOm s2;  ; ");
 }
 
-TEST_F(Chrome, EveryPictureIsNormalAfterwardsButTheCloseButtons) {
-    start();
-    const auto about = [&](const std::function<void()>& act) { when_shown("frmOm", act); };
-    const struct {
-        std::string name;
-        std::function<void()> meanwhile;
-        const char *heard, *lit;
-    } rows[] = {
-        {"mnuArkiv", [&] { in_menu([] { key("MFrm", Qt::Key_Escape); }); }, "s2 s1", ""},
-        {"mnuArkiv", [&] { in_menu([] { click("Picture1"); }); }, "s2 s1", ""},
-        {"mnuArkiv", [&] { in_menu([] { press_accessibly("mnuArkiv"); }); }, "s2 s1 s1", ""},
-        {"mnuOm", [&] { about([] { click("frmOm/Klar"); }); }, "s2 s1 s1", ""},
-        {"mnuOm", [&] { about([] { request_close("frmOm"); }); }, "s2 s1", ""},
-        {"butMini", [] {}, "s2 s1", ""},
-        {"butAvsluta", [] {}, "s2 s1", "butAvsluta"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        hover({300, 300});
-        hover(in_window(row.name, {5, 5}));
-        EXPECT_EQ(lit(), row.name);
-        row.meanwhile();
-        click(row.name);
-        settle();
-        EXPECT_EQ(world->heard(), row.heard);
-        EXPECT_EQ(lit(), row.lit);
-        EXPECT_EQ(window("MFrm")->isMinimized(), row.name == "butMini");
-        window("MFrm")->showNormal();
-        EXPECT_EQ(difference(), "");
-    }
-}
-
-TEST_F(Chrome, MenuItems) {
+TEST_F(Chrome, AClickOnAPictureButtonLeavesItNormalButForTheFarewell) {
     start();
     const struct {
-        std::string item;
-        std::function<void()> meanwhile;
-        const char *heard, *squares_after;
+        std::string button, answer;
+        std::string outcome;  ///< what is heard and lit, the squares of player 1, windows
     } rows[] = {
-        {"nada", [] { key("MFrm", Qt::Key_Escape); }, "s2 s1", "7 0 0 55"},
-        {"mnuNytt_snabbt", [] {}, "s2 s1", "0 0 0 0"},
-        {"mnuAvsluta", [] {}, "s2 s1 s1", "7 0 0 55"},
-        {"mnuNytt_spel", [&] { when_shown("Startfrm", [] { click("Startfrm/Starta"); }); },
-         "s2 s1 s1", "0 0 0 0"},
+        {"mnuArkiv", "Escape", "s2 s1;; 7 0 0 55"},
+        {"mnuArkiv", "pressed again", "s2 s1 s1;; 7 0 0 55"},
+        {"mnuArkiv", "mnuAvsluta", "s2 s1 s1;; 7 0 0 55 Slut"},
+        {"mnuArkiv", "mnuNytt_snabbt", "s2 s1;; 0 0 0 0"},
+        {"mnuArkiv", "mnuNytt_spel", "s2 s1 s1;; 0 0 0 0"},
+        {"mnuOm", "Klar", "s2 s1 s1;; 7 0 0 55"},
+        {"mnuOm", "close box", "s2 s1;; 7 0 0 55"},
+        {"butMini", "", "s2 s1;; 7 0 0 55 minimised"},
+        {"butAvsluta", "", "s2 s1;butAvsluta; 7 0 0 55 Slut"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.item);
+    for (const auto& [button, given, outcome] : rows) {
+        const auto act_in_menu = [answer = given] {
+            if (answer.starts_with("mnu"))
+                choose(answer.c_str());
+            else if (answer == "Escape")
+                key("MFrm", Qt::Key_Escape);
+            else
+                press_accessibly("mnuArkiv");
+        };
+        if (button == "mnuArkiv") in_menu(act_in_menu);
+        if (given == "mnuNytt_spel") answer("Startfrm/Starta");
+        if (given == "Klar") answer("frmOm/Klar");
+        if (given == "close box") when_shown("frmOm", [] { request_close("frmOm"); });
         place(1, "7 0 0 55");
-        in_menu([&] {
-            row.meanwhile();
-            if (QApplication::activePopupWidget() != nullptr) choose(row.item.c_str());
-        });
-        click("mnuArkiv");
-        settle();
-        EXPECT_EQ(world->heard(), row.heard);
-        EXPECT_EQ(squares(1), row.squares_after);
-        EXPECT_EQ(difference(), "");
-        EXPECT_EQ(shown("Slut"), row.item == "mnuAvsluta");
-        if (shown("Slut")) window("Slut")->hide();
         hover({300, 300});
+        hover(box_of(button).center());
+        const std::string heard = play(button);
+        EXPECT_EQ(heard + ";" + lit() + "; " + squares(1) + (shown("Slut") ? " Slut" : "") +
+                      (window("MFrm")->isMinimized() ? " minimised" : ""),
+                  outcome);
+        EXPECT_EQ(difference(), "");
+        window("MFrm")->showNormal();
+        if (shown("Slut")) window("Slut")->hide();
     }
     EXPECT_TRUE(ends.empty());
 }
 
-TEST_F(Chrome, F2) {
+TEST_F(Chrome, F2AsksForANewGame) {
     start();
-    const struct {
-        const char* purpose;
-        std::function<void()> press;
-        const char* heard;
-    } rows[] = {
-        {"in the main window", [] { key("MFrm", Qt::Key_F2); }, "s1"},
-        {"in the menu",
-         [&] {
-             in_menu([] { key("MFrm", Qt::Key_F2); });
-             click("mnuArkiv");
-         },
-         "s2 s1 s1"},
-        {"during a throw",
-         [&] {
-             world->at_pause = [&](int) {
-                 if (world->pauses % 6 == 2) key("MFrm", Qt::Key_F2);
-                 EXPECT_EQ(squares(1), "7 0 0 0") << "not during a throw";
-             };
-             click("Tärning");
-         },
-         "s3 s1"},
+    const auto press = [](Qt::KeyboardModifiers held = {}) { key("MFrm", Qt::Key_F2, held); };
+    world->at_pause = [&](int number) {
+        if (number == 2) press();
+        EXPECT_EQ(squares(1), "7 0 0 0") << "not during a throw";
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.purpose);
+    for (const std::string during : {"", "mnuArkiv", "Tärning"}) {
+        SCOPED_TRACE(during);
         place(1, "7 0 0 0");
         when_shown("Startfrm", [&] {
             EXPECT_EQ(squares(1), "0 0 0 0");
             key("Startfrm", Qt::Key_F2);
             click("Startfrm/Starta");
         });
-        row.press();
-        settle();
-        EXPECT_EQ(world->heard(), row.heard);
+        if (during.empty()) press();
+        if (during == "mnuArkiv") in_menu([&] { press(); });
+        EXPECT_EQ(play(during), during.empty() ? "s1" : during == "Tärning" ? "s3 s1" : "s2 s1 s1");
         EXPECT_EQ(difference(), "");
     }
-    world->at_pause = [](int) {};
     place(1, "7 0 0 0");
-    when_shown("frmOm", [] {
-        key("MFrm", Qt::Key_F2);
+    for (const auto held : {Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier}) press(held);
+    when_shown("frmOm", [&] {
+        press();
         key("frmOm", Qt::Key_F2);
         click("frmOm/Klar");
     });
-    click("mnuOm");
-    settle();
-    EXPECT_FALSE(shown("Startfrm")) << "never while a modal window is open";
+    play("mnuOm");
+    EXPECT_FALSE(shown("Startfrm")) << "not with other keys, not while a modal window is open";
     EXPECT_EQ(squares(1), "7 0 0 0");
 }
 
 TEST_F(Chrome, TheTitleBarMovesTheWindowWhereItIsUncovered) {
     start();
+    play("2");  // shows the count
     const struct {
         QPoint place;
         Qt::MouseButton button;
-        const char* purpose;
         bool moves;
-    } rows[] = {
-        {{320, 5}, Qt::LeftButton, "above the labels", true},
-        {{320, 30}, Qt::RightButton, "with the right button", true},
-        {{30, 18}, Qt::RightButton, "on a picture button", false},
-        {{400, 100}, Qt::LeftButton, "on the board", false},
-        {{400, 18}, Qt::LeftButton, "where the hidden count is", true},
-        {{400, 18}, Qt::RightButton, "on the visible count", false},
-    };
-    for (const auto& row : rows) {
-        if (std::string(row.purpose) == "on the visible count") throw_die(2);
+    } rows[] = {{{320, 5}, Qt::LeftButton, true},
+                {{320, 30}, Qt::RightButton, true},
+                {{30, 18}, Qt::RightButton, false},
+                {{400, 18}, Qt::RightButton, false},
+                {{400, 100}, Qt::LeftButton, false}};
+    for (const auto& [place, button, moves] : rows) {
         const QPoint before = window("MFrm")->pos();
-        drag("MFrm", row.button, row.place, {30, -20});
-        hover(row.place + QPoint(40, 40));  // let go
-        EXPECT_EQ(window("MFrm")->pos() - before, row.moves ? QPoint(30, -20) : QPoint())
-            << row.purpose;
+        drag("MFrm", button, place, {30, -20});
+        hover(place + QPoint(40, 40));  // let go
+        EXPECT_EQ(window("MFrm")->pos() - before, moves ? QPoint(30, -20) : QPoint()) << place.x();
     }
 }
 
-TEST_F(Chrome, FarewellWindow) {
+TEST_F(Chrome, TheFarewellWindowStaysBesideTheGameUntilItsButtonEndsIt) {
     start();
-    click("butAvsluta");
-    throw_die(4);
-    EXPECT_TRUE(visible("butNästa")) << "the game goes on beside it";
+    play("butAvsluta 4 butAvsluta");
     QWidget* const farewell = window("Slut");
-    click("butAvsluta");
-    EXPECT_EQ(window("Slut"), farewell);
     EXPECT_EQ(QApplication::activeWindow(), farewell);
     const QRect stands = farewell->geometry(), text = at("Slut/Text").geometry();
     drag("Slut", Qt::LeftButton, {311, 100}, {30, 5});
@@ -240,17 +196,15 @@ TEST_F(Chrome, EscapeAndCloseRequests) {
     key("Startfrm", Qt::Key_Escape);
     EXPECT_TRUE(shown("Startfrm") && ends.empty());
     request_close("Startfrm");
-    EXPECT_EQ(ends, std::vector{0});
-    click("Startfrm/Starta");
-    settle();
+    EXPECT_EQ(ends.size(), 1U);
+    play("Startfrm/Starta");
     key("MFrm", Qt::Key_Escape);
-    world->heard();
     request_close("MFrm");
     EXPECT_EQ(world->heard(), "s1");
     EXPECT_TRUE(shown("Slut") && shown("MFrm"));
     when_shown("Startfrm", [&] {
         request_close("Startfrm");
-        EXPECT_EQ(ends.size(), 2U) << "also when it is shown modally";
+        EXPECT_EQ(ends, (std::vector{0, 0})) << "also when it is shown modally";
         click("Startfrm/Starta");
     });
     key("MFrm", Qt::Key_F2);
@@ -261,7 +215,7 @@ TEST_F(Chrome, EscapeAndCloseRequests) {
         key("frmOm", Qt::Key_Return);
         EXPECT_EQ(world->heard(), "s1") << "Klar has the focus";
     });
-    click("mnuOm");
+    play("mnuOm");
     EXPECT_EQ(ends.size(), 2U);
 }
 
@@ -270,15 +224,13 @@ TEST_F(Chrome, EveryWindowTenTimesLeavesNothingBehind) {
     start();
     qsizetype widgets = 0;
     for (int round = 1; round <= 10; ++round) {
-        when_shown("frmOm", [] { click("frmOm/Klar"); });
-        click("mnuOm");
+        answer("frmOm/Klar");
         in_menu([] { key("MFrm", Qt::Key_Escape); });
-        click("mnuArkiv");
-        click("butAvsluta");
+        play("mnuOm mnuArkiv butAvsluta");
         ASSERT_TRUE(shown("Slut"));
         window("Slut")->hide();
         win([&] {
-            when_shown("Startfrm", [] { click("Startfrm/Starta"); });
+            answer("Startfrm/Starta");
             click("Grattis/butNytt_spel");
         });
         win([] { click("Grattis/butNytt_snabbt"); });

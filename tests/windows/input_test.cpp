@@ -35,32 +35,25 @@ class Input : public Stage {
 
 TEST_F(Input, IsJudgedAfterTheActionWhateverItsSource) {
     const struct {
-        const char *purpose, *own, *clicked;
-        int face;  ///< thrown by the click on the die, before the one on a piece
+        const char *own, *moves, *clicked;
         int pause;
-        const char* pressed;
+        const char* pressed;  ///< during that pause
         int times;
         const char *heard, *own_after;
-        int player_after;
     } rows[] = {
-        {"hidden", "0 0 0 0", "Tärning", 3, 2, "butNästa", 1, "s3 s1", "0 0 0 0", 2},
-        {"one throw only", "0 0 0 0", "Tärning", 2, 1, "Tärning", 2, "s3", "0 0 0 0", 1},
-        {"at the end", "0 0 0 0", "Tärning", 2, 6, "Tärning", 2, "s3", "0 0 0 0", 1},
-        {"six", "0 0 0 0", "Tärning", 6, 5, "butEn_pjäs", 1, "s3 s1 s2 s2 s2 s2 s2 s2", "0 0 0 6",
-         1},
-        {"a walk", "5 0 0 0", "Tärning", 3, 4, "Pjäs(0)", 1, "s3 s1 s2 s2 s2", "8 0 0 0", 1},
-        {"no second", "5 9 0 0", "Pjäs(0)", 2, 1, "Pjäs(1)", 2, "s1 s2 s2 s1 s1", "7 9 0 0", 1},
+        {"0 0 0 0", "", "Tärning", 2, "butNästa", 1, "s3 s1", "0 0 0 0"},
+        {"0 0 0 0", "", "Tärning", 6, "Tärning", 2, "s3", "0 0 0 0"},
+        {"5 0 0 0", "", "Tärning", 4, "Pjäs(0)", 1, "s3 s1 s2 s2 s2", "8 0 0 0"},
+        {"5 9 0 0", "2", "Pjäs(0)", 1, "Pjäs(1)", 2, "s1 s2 s2 s1 s1", "7 9 0 0"},
     };
+    start();
     for (const Source& source : sources)
         for (const auto& row : rows) {
-            SCOPED_TRACE(std::string(row.purpose) + ", " + source.name);
-            start();
+            SCOPED_TRACE(std::string(row.pressed) + ", " + source.name);
+            Nytt_snabbt();
             place(1, row.own);
-            if (std::string(row.clicked) == "Tärning")
-                script(row.face);
-            else
-                throw_die(row.face);
-            world->heard();
+            play(row.moves);
+            if (*row.moves == 0) world->dice.script(3);
             during(row.clicked, row.pause, [&] {
                 const std::string before = squares(1);
                 for (int i = 0; i < row.times; ++i) source.press(row.pressed);
@@ -69,15 +62,15 @@ TEST_F(Input, IsJudgedAfterTheActionWhateverItsSource) {
             });
             EXPECT_EQ(world->heard(), row.heard);
             EXPECT_EQ(squares(1), row.own_after);
-            EXPECT_EQ(Aktuell_spelare, row.player_after);
+            EXPECT_EQ(Aktuell_spelare, std::string(row.pressed) == "butNästa" ? 2 : 1);
             EXPECT_EQ(difference(), "");
         }
 }
 
 TEST_F(Input, OfAllSourcesInTheOrderOfItsArrival) {
     start();
-    script(3);
-    script(4);
+    world->dice.script(3);
+    world->dice.script(4);
     when_shown("Startfrm", [&] {
         // Player 1's button, player 2's throw, player 2's button; then the new game.
         EXPECT_EQ(world->heard(), "s1 s3 s1");
@@ -94,13 +87,13 @@ TEST_F(Input, OfAllSourcesInTheOrderOfItsArrival) {
         EXPECT_FALSE(shown("Slut"));
         EXPECT_EQ(world->heard(), "s3");
     });
-    EXPECT_TRUE(world->random_values.empty()) << "two throws";
+    EXPECT_TRUE(world->dice.scripted.empty()) << "two throws";
     EXPECT_EQ(difference(), "");
 }
 
 TEST_F(Input, KeysGoWhereTheFocusIsWhenTheirTurnComes) {
     start();
-    script(2);
+    world->dice.script(2);
     during("Tärning", 1, [] {
         key("MFrm", Qt::Key_Space);
         hover({30, 15});
@@ -114,7 +107,7 @@ TEST_F(Input, KeysGoWhereTheFocusIsWhenTheirTurnComes) {
 TEST_F(Input, OfTheWinningWalkDoesNotReachTheWinnerWindowsGame) {
     start();
     place(1, "55 55 43 55");
-    throw_die(2);
+    play("2");
     when_shown("Grattis", [&] {
         settle();
         EXPECT_TRUE(shown("Grattis") && !shown("Startfrm") && !shown("Slut"));
@@ -138,8 +131,8 @@ TEST_F(Input, OfTheWinningWalkDoesNotReachTheWinnerWindowsGame) {
 
 TEST_F(Input, AfterAChoiceInTheMenuWaitsForWhatWasChosen) {
     start();
-    script(3);
-    script(5);
+    world->dice.script(3);
+    world->dice.script(5);
     during("Tärning", 2, [&] {
         click("mnuArkiv");
         for (const Qt::Key pressed : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return})
@@ -155,7 +148,7 @@ TEST_F(Input, AfterAChoiceInTheMenuWaitsForWhatWasChosen) {
 
 TEST_F(Input, AfterAModalWindowWaitsForTheActionThatShowedIt) {
     start();
-    script(3);
+    world->dice.script(3);
     during("Tärning", 2, [&] {
         press_accessibly("mnuOm");
         when_shown("frmOm", [&] {
@@ -173,17 +166,13 @@ TEST_F(Input, ByAccessibilityDoesNoMoreThanAClick) {
     load();
     press_accessibly("mnuOm");
     EXPECT_FALSE(shown("frmOm")) << "its window is hidden";
-    click("Startfrm/Starta");
-    settle();
-    throw_die(2);
-    world->heard();
+    play("Startfrm/Starta 2");
     press_accessibly("Tärning");
     press_accessibly("butEn_pjäs");
     EXPECT_EQ(world->heard(), "") << "disabled, hidden";
     when_shown("frmOm", [&] {
-        world->heard();
         press_accessibly("butNästa");
-        EXPECT_EQ(world->heard(), "") << "behind a modal window";
+        EXPECT_EQ(world->heard(), "s1") << "behind a modal window";
         press_accessibly("frmOm/Klar");
     });
     press_accessibly("mnuOm");

@@ -11,15 +11,13 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "mainwindow/layout.h"
 #include "platform/ending.h"
 
 namespace brusbo::test {
 
-float World::random_value() {
-    if (random_values.empty()) return static_cast<float>(generator() >> 8U) * 0x1p-24F;
-    const float value = random_values.front();
-    random_values.pop_front();
-    return value;
+std::string numbered(const std::string& name, int index) {
+    return name + "(" + std::to_string(index) + ")";
 }
 
 Stage::Stage() {
@@ -93,35 +91,27 @@ std::string Stage::text(const std::string& element) {
     return at(element).property("text").toString().toStdString();
 }
 
-bool Stage::checked(const std::string& element) { return at(element).property("checked").toBool(); }
+std::optional<Picture> Stage::picture(const QWidget& element) {
+    const auto* button = qobject_cast<const PictureButton*>(&element);
+    return button != nullptr ? button->picture() : dynamic_cast<const Image&>(element).picture();
+}
 
-QPoint Stage::in_window(const std::string& element, QPoint place) {
-    return at(element).mapTo(at(element).window(), place);
+QColor Stage::pixel(const std::string& name, QPointF place) {
+    const QImage image = window(name)->grab().toImage();
+    const QPointF device = place * image.devicePixelRatio();
+    return image.pixelColor(static_cast<int>(device.x()), static_cast<int>(device.y()));
 }
 
 void Stage::click(const std::string& element, Qt::MouseButton button) {
-    QTest::mouseClick(at(element).window()->windowHandle(), button, {},
-                      in_window(element, at(element).rect().center()));
-}
-
-void Stage::click_at(const std::string& name, QPoint place) {
-    QTest::mouseClick(window(name)->windowHandle(), Qt::LeftButton, {}, place);
+    QWidget& clicked = at(element);
+    QTest::mouseClick(clicked.window()->windowHandle(), button, {},
+                      clicked.mapTo(clicked.window(), clicked.rect().center()));
 }
 
 void Stage::hover(QPoint place) { QTest::mouseMove(window("MFrm")->windowHandle(), place); }
 
 void Stage::key(const std::string& name, Qt::Key key, Qt::KeyboardModifiers held) {
     QTest::keyClick(window(name)->windowHandle(), key, held);
-}
-
-void Stage::drag(const std::string& name, Qt::MouseButton button, QPoint from, QPoint by) {
-    QWidget& dragged = *window(name);
-    const QPoint to = dragged.mapToGlobal(from + by);
-    QTest::mousePress(dragged.windowHandle(), button, {}, from);
-    QTest::mouseMove(dragged.windowHandle(), from + by / 2);
-    // The window may have gone along.
-    QTest::mouseMove(dragged.windowHandle(), dragged.mapFromGlobal(to));
-    QTest::mouseRelease(dragged.windowHandle(), button, {}, dragged.mapFromGlobal(to));
 }
 
 void Stage::request_close(const std::string& name) {
@@ -131,28 +121,28 @@ void Stage::request_close(const std::string& name) {
 
 void Stage::press_accessibly(const std::string& element) {
     auto* const actions = QAccessible::queryAccessibleInterface(&at(element))->actionInterface();
-    const bool toggles = actions->actionNames().contains(actions->toggleAction());
-    actions->doAction(toggles ? actions->toggleAction() : actions->pressAction());
+    actions->doAction(actions->actionNames().first());
 }
 
-void Stage::when(std::function<bool()> condition, std::function<void()> act) {
+// With a timer for each look: one that waits for its own handler to return is dead in the loops
+// inside it.
+void Stage::when(std::function<bool()> cause, std::function<void()> act) {
     ++awaited_;
-    // A timer that waits for its own handler to return is dead in the loops inside it.
-    auto look = std::make_shared<std::function<void()>>();
-    *look = [this, look, condition = std::move(condition), act = std::move(act)] {
-        if (condition() && !InputGate::instance().closed()) {
-            --awaited_;
-            const auto now = std::exchange(*look, {});
+    QTimer::singleShot(1, qApp, [this, cause = std::move(cause), act = std::move(act)] {
+        --awaited_;
+        if (cause() && !InputGate::instance().closed())
             act();
-        } else {
-            QTimer::singleShot(1, qApp, [look] { (*look)(); });
-        }
-    };
-    QTimer::singleShot(0, qApp, [look] { (*look)(); });
+        else
+            when(cause, act);
+    });
 }
 
 void Stage::when_shown(const std::string& name, std::function<void()> act) {
     when([name] { return shown(name); }, std::move(act));
+}
+
+void Stage::answer(const std::string& element) {
+    when_shown(element.substr(0, element.find('/')), [element] { click(element); });
 }
 
 void Stage::in_menu(std::function<void()> act) {
@@ -166,59 +156,33 @@ void Stage::settle() {
     } while (InputGate::instance().closed());
 }
 
-void Stage::script(int face) {
-    for (int step = 0; step < 6; ++step) {
-        world->random_values.push_back(0);
-        world->random_values.push_back(static_cast<float>((step == 5 ? face - 0.5 : 0.5) / 6.0));
+std::string Stage::play(const std::string& moves) {
+    std::istringstream words(moves);
+    for (std::string word; words >> word;) {
+        const bool is_throw = word.size() == 1;
+        if (is_throw) world->dice.script(word[0] - '0');
+        click(is_throw ? "Tärning" : word);
+        settle();
+        EXPECT_TRUE(world->dice.scripted.empty()) << "no throw was awaited";
     }
-}
-
-void Stage::throw_die(int face) {
-    script(face);
-    click("Tärning");
-    settle();
-    ASSERT_EQ(Senaste_slag, face);
-    ASSERT_TRUE(world->random_values.empty());
+    return world->heard();
 }
 
 void Stage::place(int player, const std::string& squares) {
     Spelardata& data = Spelare[player];
-    std::istringstream numbers(squares);
     data.Antal_i_boet = data.Antal_klara = 0;
+    std::istringstream numbers(squares);
     for (int n = 1; n <= pieces_each; ++n) {
-        int square = -1;
-        numbers >> square;
+        numbers >> data.Ruta[n];
+        if (data.Ruta[n] == square_nest) ++data.Antal_i_boet;
+        if (data.Ruta[n] == square_finished) ++data.Antal_klara;
         const int b = data.Bildnr[n - 1];
-        data.Ruta[n] = static_cast<std::int16_t>(square);
-        if (square == square_nest) ++data.Antal_i_boet;
-        if (square == square_finished) ++data.Antal_klara;
-        Pjäs_visible[b] = square != square_finished;
+        Pjäs_visible[b] = data.Ruta[n] != square_finished;
         screen().set_visible({Element::Pjäs, b}, Pjäs_visible[b]);
-        if (square == square_nest)
-            move_to_nest_place(b);
-        else
-            screen().move({Element::Pjäs, b}, Positioner[player][axis_x][square],
-                          Positioner[player][axis_y][square]);
+        screen().move({Element::Pjäs, b}, place_of(b).first, place_of(b).second);
     }
     show_finished_count();
     Uppdatera_plus();
-}
-
-void Stage::pass_to(int player) {
-    while (Aktuell_spelare != player) {
-        throw_die(3);
-        click("butNästa");
-    }
-}
-
-void Stage::win(std::function<void()> answer) {
-    const int winner = Aktuell_spelare;
-    place(winner, "55 55 44 55");
-    throw_die(1);
-    world->heard();
-    when_shown("Grattis", std::move(answer));
-    click(numbered("Pjäs", 4 * (winner - 1) + 2));
-    settle();
 }
 
 std::string Stage::squares(int player) {
@@ -228,100 +192,58 @@ std::string Stage::squares(int player) {
     return result;
 }
 
-QImage Stage::grab(const std::string& name) { return window(name)->grab().toImage(); }
-
-QColor Stage::pixel(const QImage& grabbed, QPointF place) {
-    const QPointF device = place * grabbed.devicePixelRatio();
-    return grabbed.pixelColor(static_cast<int>(device.x()), static_cast<int>(device.y()));
+void Stage::win(std::function<void()> answer) {
+    const int winner = Aktuell_spelare;
+    place(winner, "55 55 44 55");
+    play("1");
+    when_shown("Grattis", std::move(answer));
+    click(numbered("Pjäs", 4 * (winner - 1) + 2));
+    settle();
 }
-
-namespace {
-
-struct Corner {
-    int left, top, layout_rows_apart, highlight_left, highlight_top;
-    QRgb colour;
-};
-
-constexpr Corner corners[] = {
-    {36, 34, 44, 6, 8, 0xFF800000},
-    {274, 34, 46, 244, 8, 0xFF000080},
-    {274, 272, 44, 244, 246, 0xFF008000},
-    {36, 274, 42, 6, 246, 0xFFC0C000},
-};
-
-std::optional<Picture> picture_in(QWidget& element) {
-    if (auto* button = qobject_cast<PictureButton*>(&element)) return button->picture();
-    return dynamic_cast<Image&>(element).picture();
-}
-
-/// The place of a piece, and in its nest before the first new game the layout's place too.
-bool stands_right(QPoint place, int player, int piece) {
-    const int square = Spelare[player].Ruta[piece];
-    if (square != square_nest)
-        return place ==
-               QPoint(Positioner[player][axis_x][square], Positioner[player][axis_y][square]);
-    const Corner& corner = corners[player - 1];
-    const QPoint home(corner.left + (piece % 2 == 0 ? 42 : 0), corner.top + (piece > 2 ? 42 : 0));
-    const QPoint layout(home.x(), corner.top + (piece > 2 ? corner.layout_rows_apart : 0));
-    return place == home || (board_resets == 0 && place == layout);
-}
-
-bool in_stack(int player, int piece) {
-    const auto& Ruta = Spelare[player].Ruta;
-    for (int lower = 1; lower < piece; ++lower)
-        if (Ruta[lower] == Ruta[piece] && Ruta[piece] > 0 && Ruta[piece] < 45) return true;
-    return false;
-}
-
-}  // namespace
 
 std::string Stage::difference() {
+    std::string differing;
+    const auto check = [&](const std::string& name, bool right) {
+        if (!right) differing += name + " ";
+    };
     for (int b = 0; b < piece_count; ++b) {
-        const std::string index = numbered("", b);
-        const int player = b / 4 + 1;
-        const int piece = b % 4 + 1;
-        const int square = Spelare[player].Ruta[piece];
-        QWidget& picture = at("Pjäs" + index);
-        if (picture.isHidden() != (square == square_finished)) return "Pjäs visible " + index;
-        if (!picture.isHidden() && !stands_right(picture.pos(), player, piece))
-            return "place of Pjäs" + index;
-        if (picture_in(picture) != nth(Picture::piece_1, player - 1)) return "picture" + index;
-        QWidget& marker = at("Plus" + index);
-        if (marker.isHidden() == in_stack(player, piece)) return "Plus visible " + index;
-        if (!marker.isHidden() && marker.pos() != picture.pos()) return "place of Plus" + index;
+        const QWidget& piece = at(numbered("Pjäs", b));
+        const QWidget& marker = at(numbered("Plus", b));
+        const bool finished = square_of(b) == square_finished;
+        // Until the first new game begins pieces in their nests stand where they were made.
+        const bool untouched = board_resets == 0 && square_of(b) == square_nest &&
+                               piece.pos() == main_layout::Pjäs[b].place.pixels().topLeft();
+        const bool in_place = untouched || Point(piece.x(), piece.y()) == place_of(b);
+        check(numbered("Pjäs", b), piece.isHidden() == finished && (finished || in_place) &&
+                                       picture(piece) == nth(Picture::piece_1, b / 4));
+        check(numbered("Plus", b), marker.isHidden() != is_marked(b) &&
+                                       (marker.isHidden() || marker.pos() == piece.pos()));
     }
-    const Corner& corner = corners[Aktuell_spelare - 1];
-    auto& highlight = dynamic_cast<Circle&>(at("shpHålbak"));
-    if (highlight.pos() != QPoint(corner.highlight_left, corner.highlight_top) ||
-        highlight.colour() != QColor(corner.colour))
-        return "highlight";
+    static constexpr QRgb colours[] = {0xFF800000, 0xFF000080, 0xFF008000, 0xFFC0C000};
+    const int p = Aktuell_spelare;
+    const auto& highlight = as<Circle>("shpHålbak");
+    check("shpHålbak", highlight.colour() == QColor(colours[p - 1]));
+    check("shpHålbak", highlight.pos() == QPoint(p == 2 || p == 3 ? 244 : 6, p < 3 ? 8 : 246));
 
-    QWidget& die = at("Tärning");
-    const std::string tag = Senaste_slag == 0 ? "" : std::to_string(Senaste_slag);
+    const QWidget& die = at("Tärning");
     const int face = std::max<int>(Senaste_slag, 1);
-    if (die.isEnabled() != Tärning_enabled) return "die enabled";
-    if (die.property("Tag").toString().toStdString() != tag) return "tag of the die";
-    if (picture_in(die) != nth(Picture::die_1, face - 1)) return "face of the die";
-    if (die.accessibleName() != QStringLiteral("Tärning, visar %1").arg(face)) return "die's name";
+    check("Tärning", die.isEnabled() == Tärning_enabled);
+    check("Tärning", die.property("Tag").toInt() == Senaste_slag);
+    check("Tärning", picture(die) == nth(Picture::die_1, face - 1));
+    check("Tärning", die.accessibleName() == QStringLiteral("Tärning, visar %1").arg(face));
+    check("butNästa", visible("butNästa") == butNästa_visible);
+    check("butEn_pjäs", visible("butEn_pjäs") == butEn_pjäs_visible);
+    check("butTvå_pjäser", visible("butTvå_pjäser") == butTvå_pjäser_visible);
 
-    if (visible("butNästa") != butNästa_visible) return "butNästa";
-    if (visible("butEn_pjäs") != butEn_pjäs_visible) return "butEn_pjäs";
-    if (visible("butTvå_pjäser") != butTvå_pjäser_visible) return "butTvå_pjäser";
-    const Spelardata& current = Spelare[Aktuell_spelare];
-    if (text("labPjäser_klara") !=
-        "Antal pjäser klara: " + std::to_string(static_cast<int>(current.Antal_klara)))
-        return "labPjäser_klara";
+    const Spelardata& player = Spelare[p];
+    check("labPjäser_klara",
+          text("labPjäser_klara") == "Antal pjäser klara: " + std::to_string(+player.Antal_klara));
     // While a start window is open the names may be ahead of the sentence.
-    if (shown("Startfrm")) return "";
-    const bool s = current.Namn.ends_with('s') || current.Namn.ends_with('S');
-    if (text("labVisa_tur") != current.Namn + (s ? " tur!" : "s tur!")) return "labVisa_tur";
-    if (picture_in(at("imgVisa_tur")) != nth(Picture::piece_1, Aktuell_spelare - 1))
-        return "imgVisa_tur";
-    return "";
-}
-
-std::string numbered(const std::string& name, int index) {
-    return name + "(" + std::to_string(index) + ")";
+    if (shown("Startfrm")) return differing;
+    const bool s = player.Namn.ends_with('s') || player.Namn.ends_with('S');
+    check("labVisa_tur", text("labVisa_tur") == player.Namn + (s ? " tur!" : "s tur!"));
+    check("imgVisa_tur", picture(at("imgVisa_tur")) == nth(Picture::piece_1, p - 1));
+    return differing;
 }
 
 }  // namespace brusbo::test

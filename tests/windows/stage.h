@@ -2,29 +2,26 @@
 
 #include <gtest/gtest.h>
 
-#include <QImage>
 #include <QWidget>
-#include <deque>
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <random>
 #include <string>
 #include <vector>
 
 #include "dialogs/program.h"
 #include "engine/engine.h"
+#include "tests/engine/table.h"
 
 namespace brusbo::test {
 
-/// Stands between the rules and the program: throws are scripted, pauses are short, and what would
-/// be heard is written down instead.
+/// Stands between the rules and the program: throws can be scripted, pauses are short, and what
+/// would be heard is written down instead.
 class World final : public Services {
    public:
     explicit World(Services& program) : program_(program) {}
 
-    std::deque<float> random_values;                        ///< used up first
-    std::mt19937 generator;                                 ///< then this one delivers
+    Dice dice;
     std::function<void(int number)> at_pause = [](int) {};  ///< counted from 1
     std::function<void()> at_sound = [] {};
     int pauses = 0;
@@ -44,7 +41,7 @@ class World final : public Services {
     }
     double time_of_day() override { return program_.time_of_day(); }
     void seed_random(double seed) override { program_.seed_random(seed); }
-    float random_value() override;
+    float random_value() override { return dice.next(); }
     void beep() override { note("beep"); }
     void show_Grattis() override {
         ++winners;
@@ -60,6 +57,9 @@ class World final : public Services {
     std::string heard_;
 };
 
+/// "Pjäs(3)"
+std::string numbered(const std::string& name, int index);
+
 /// The program in a directory of its own, and hands to play with it. Elements are named as
 /// "Pjäs(3)" in the main window and as "Startfrm/Starta" elsewhere.
 class Stage : public testing::Test {
@@ -67,7 +67,6 @@ class Stage : public testing::Test {
     Stage();
     ~Stage() override;
 
-    void close();  ///< the program, with all its windows
     /// Starts the program, anew if need be; returns when the main window has been loaded.
     void load();
     /// And presses Starta, with the first `players` boxes open.
@@ -82,51 +81,47 @@ class Stage : public testing::Test {
     }
     static std::string text(const std::string& element);
     static bool visible(const std::string& element) { return !at(element).isHidden(); }
-    static bool checked(const std::string& element);
-    /// A place in an element as one in its window.
-    static QPoint in_window(const std::string& element, QPoint place);
+    static std::optional<Picture> picture(const QWidget& element);
+    /// The colour that is painted at a place of a window.
+    static QColor pixel(const std::string& window, QPointF place);
 
     // Input as the window system delivers it: to a window, at a place.
     static void click(const std::string& element, Qt::MouseButton button = Qt::LeftButton);
-    static void click_at(const std::string& window, QPoint place);
     static void hover(QPoint place_in_main_window);
     static void key(const std::string& window, Qt::Key key, Qt::KeyboardModifiers held = {});
-    static void drag(const std::string& window, Qt::MouseButton button, QPoint from, QPoint by);
     static void request_close(const std::string& window);
     static void press_accessibly(const std::string& element);
 
-    /// Does something as soon as a window is shown, also from inside a modal window's loop.
+    /// Does something as soon as there is cause, also inside a modal window's or a menu's loop.
+    void when(std::function<bool()> cause, std::function<void()> act);
     void when_shown(const std::string& window, std::function<void()> act);
-    /// Or when the game menu, or another popup, is open.
     void in_menu(std::function<void()> act);
-    void when(std::function<bool()> condition, std::function<void()> act);
+    /// Clicks on an element as soon as its window is shown.
+    void answer(const std::string& element);
     /// Lets everything happen that is under way.
     static void settle();
 
-    void script(int face);
-    void throw_die(int face);
-    void pass_to(int player);  ///< by turns in which nobody moves
+    /// Throws (their faces) and clicks (element names), one after the other as "6 butTvå_pjäser".
+    /// Returns what was heard.
+    std::string play(const std::string& moves);
     /// Places a player's four pieces, as "5 0 0 55", on the board's picture too.
     static void place(int player, const std::string& squares);
+    static std::string squares(int player);
     /// The current player wins; `answer` is given to the winner window.
     void win(std::function<void()> answer);
-    static std::string squares(int player);
 
-    /// The first thing that the main window shows otherwise than the state has it; or empty.
+    /// The elements of the main window that show something else than the state has; or empty.
     static std::string difference();
-
-    static QImage grab(const std::string& window);
-    static QColor pixel(const QImage& grabbed, QPointF place);  ///< logical place
 
     std::unique_ptr<Program> program;
     std::unique_ptr<World> world;
     std::vector<int> ends;  ///< exit codes with which the program wanted to end
 
    private:
+    void close();
+
     std::filesystem::path directory_, directory_before_ = std::filesystem::current_path();
     int awaited_ = 0;
 };
-
-std::string numbered(const std::string& name, int index);
 
 }  // namespace brusbo::test

@@ -68,24 +68,22 @@ TEST_F(Text, InEveryWindow) {
     EXPECT_EQ(text("labVisa_tur"), "WWWWWWWWWWs tur!");
     // The picture of the turn begins 116 pixels right of the label's left edge.
     expect_fits(as<Label>("labVisa_tur"), 116);
-    throw_die(6);  // with the longest message of all
+    play("6");  // with the longest message of all
     expect_all_fit("MFrm");
     EXPECT_EQ(at("labMeddelande").font().pixelSize(), 11);
-    click("butTvå_pjäser");
-    settle();
+    play("butTvå_pjäser");
     expect_all_fit("MFrm");
     when_shown("frmOm", [] {
         expect_all_fit("frmOm");
         click("frmOm/Klar");
     });
-    click("mnuOm");
-    click("butNästa");
+    play("mnuOm butNästa");
     win([&] {
         EXPECT_EQ(text("Grattis/labVisa_vinnare"), "WWWWWWWWWW har vunnit!");
         expect_all_fit("Grattis");
         click("Grattis/butNytt_snabbt");
     });
-    click("butAvsluta");
+    play("butAvsluta");
     expect_all_fit("Slut");
 }
 

@@ -176,7 +176,7 @@ class WildPlayer : public Stage, public testing::WithParamInterface<int> {
 
 TEST_P(WildPlayer, BreaksNothing) {
     start(GetParam());
-    world->generator.seed(static_cast<unsigned>(GetParam()));
+    world->dice.generator.seed(static_cast<unsigned>(GetParam()));
     world->pauses_to_real_one = 3;
     go_on();
     while (!done_) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);

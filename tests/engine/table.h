@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <random>
+#include <utility>
+
+#include "engine/state.h"
+
+// The die and the board, as the tests of the rules and of the windows know them. Piece pictures are
+// numbered b = 0..15.
+namespace brusbo::test {
+
+/// The random values that the rules ask for.
+struct Dice {
+    std::deque<float> scripted;  ///< used up first
+    std::mt19937 generator;      ///< then this one delivers
+
+    /// Makes a coming throw end on this face, with the die at 450 and faces 1 on the way.
+    void script(int face) {
+        scripted.insert(scripted.end(), 11, 0.0F);
+        scripted.push_back(static_cast<float>((face - 0.5) / 6));
+    }
+    float next() {
+        if (scripted.empty()) return static_cast<float>(generator() >> 8U) * 0x1p-24F;
+        const float value = scripted.front();
+        scripted.pop_front();
+        return value;
+    }
+};
+
+using Point = std::pair<int, int>;
+
+inline Point point_of(int player, int square) {
+    return {Positioner[player][axis_x][square], Positioner[player][axis_y][square]};
+}
+
+/// The place of a piece in its nest.
+inline Point home_of(int b) {
+    static constexpr Point corners[] = {{36, 34}, {274, 34}, {274, 272}, {36, 274}};
+    const Point corner = corners[b / 4];
+    return {corner.first + (b % 2 == 1 ? 42 : 0), corner.second + (b % 4 >= 2 ? 42 : 0)};
+}
+
+inline int square_of(int b) { return Spelare[b / 4 + 1].Ruta[b % 4 + 1]; }
+
+/// Where a piece belongs now.
+inline Point place_of(int b) {
+    return square_of(b) == square_nest ? home_of(b) : point_of(b / 4 + 1, square_of(b));
+}
+
+/// Whether a piece shares its square on the board with one of its owner's before it.
+inline bool is_marked(int b) {
+    if (square_of(b) == square_nest || square_of(b) == square_finished) return false;
+    for (int lower = b - b % 4; lower < b; ++lower)
+        if (square_of(lower) == square_of(b)) return true;
+    return false;
+}
+
+}  // namespace brusbo::test
