@@ -35,43 +35,22 @@ TEST_F(Play, AFullTurn) {
 
 TEST_F(Play, AClickInAPosition) {
     const struct {
-        const char *own, *others, *moves, *heard, *own_after, *others_after;
-        const char* message;  ///< how it begins
+        const char *own, *moves, *heard, *own_after;
     } rows[] = {
-        {"0 0 0 0", "0 0 0 0", "6 butEn_pjäs", "s3 s1 s2 s2 s2 s2 s2 s2", "0 0 0 6", "0 0 0 0",
-         "Eftersom du slog 6 får du slå igen!"},
-        {"0 0 0 0", "0 0 0 0", "6 butTvå_pjäser", "s3 s1 s2 s2", "0 0 1 1", "0 0 0 0", "Du slog 6"},
-        {"5 0 0 0", "38 38 37 0", "3 Pjäs(0)", "s3 s1 s2 s2 s2", "8 0 0 0", "0 0 37 0",
-         "Du knuffade just hem"},
-        {"42 0 3 0", "5 0 0 0", "3 Pjäs(0)", "s3 s1 s2 s2 s2", "55 0 3 0", "5 0 0 0",
-         "Grattis, en till"},
-        {"5 0 0 0", "5 0 0 0", "2 Pjäs(4)", "s3 s1", "5 0 0 0", "5 0 0 0", "Du slog 2"},
-        {"5 0 0 0", "0 0 0 0", "2 Pjäs(1)", "s3 s1 beep", "5 0 0 0", "0 0 0 0", "Du slog 2"},
-        {"5 5 0 0", "0 0 0 0", "3 Plus(1)", "s3 s1 s2 s2 s2", "5 8 0 0", "0 0 0 0", "Du slog 3"},
+        {"0 0 0 0", "6 butEn_pjäs", "s3 s1 s2 s2 s2 s2 s2 s2", "0 0 0 6"},
+        {"0 0 0 0", "6 butTvå_pjäser", "s3 s1 s2 s2", "0 0 1 1"},
+        {"42 0 3 0", "3 Pjäs(0)", "s3 s1 s2 s2 s2", "55 0 3 0"},
+        {"5 0 0 0", "2 Pjäs(4)", "s3 s1", "5 0 0 0"},
+        {"5 0 0 0", "2 Pjäs(1)", "s3 s1 beep", "5 0 0 0"},
+        {"5 5 0 0", "3 Plus(1)", "s3 s1 s2 s2 s2", "5 8 0 0"},
     };
     start();
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.moves);
         Nytt_snabbt();
         place(1, row.own);
-        place(2, row.others);
-        EXPECT_EQ(play(row.moves), row.heard);
-        EXPECT_EQ(squares(1), row.own_after);
-        EXPECT_EQ(squares(2), row.others_after);
-        EXPECT_TRUE(text("labMeddelande").starts_with(row.message)) << text("labMeddelande");
-        EXPECT_EQ(difference(), "");
-    }
-}
-
-TEST_F(Play, FourPlayersAreMarkedInTheirColours) {
-    start(4);
-    const QPointF middles[] = {{259, 105}, {497, 105}, {497, 343}, {259, 343}};
-    const QRgb colours[] = {0xFF800000, 0xFF000080, 0xFF008000, 0xFFC0C000};
-    for (int turn = 0; turn < 5; ++turn) {
-        EXPECT_EQ(pixel("MFrm", middles[turn % 4]), QColor(colours[turn % 4]));
-        EXPECT_NE(pixel("MFrm", middles[(turn + 1) % 4]), QColor(colours[(turn + 1) % 4]));
-        play("2 butNästa");
-        EXPECT_EQ(difference(), "");
+        EXPECT_EQ(play(row.moves), row.heard) << row.moves;
+        EXPECT_EQ(squares(1), row.own_after) << row.moves;
+        EXPECT_EQ(difference(), "") << row.moves;
     }
 }
 
