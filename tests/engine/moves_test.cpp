@@ -10,12 +10,9 @@ using Moves = Game;
 TEST_F(Moves, RefusedClicks) {
     run({
         {"another's", "1 throws 4: 9 0 55 0 / 3 0 0 0", piece(4), "click; count 1"},
-        {"another's in the nest", "1 throws 4: 9 0 0 0", piece(5), "click; count 0"},
         {"own in the nest", "1 throws 1: 9 0 0 0", piece(3), "click; beep; count 0"},
-        {"own in the nest, no throw", "1: 9 0 0 0", piece(3), "click; beep; count 0"},
         {"own, no throw", "1: 9 0 0 0", piece(0), "click; count 0"},
         {"before the next own", "1 throws 2: 7 8 0 0", piece(0), "click; tell block; count 0"},
-        {"own before the target", "1 throws 6: 0 7 0 12", piece(1), "click; tell block; count 0"},
         {"own before the goal of a bounce", "2 throws 6: 0 0 0 0 / 44 43 55 0", piece(5),
          "click; tell block; count 1"},
     });
@@ -52,8 +49,6 @@ TEST_F(Moves, Knocks) {
         {"all others", "4 throws 1: 30 0 0 0 / 0 20 0 0 / 0 0 0 10 / 39 0 0 0", piece(12),
          "click; 12 walks 40; knock 0; knock 5; knock 11; clear; end turn; count 0 "
          "=> 0 0 0 0 / 0 0 0 0 / 0 0 0 0 / 40 0 0 0, over"},
-        {"home lanes are apart", "1 throws 2: 40 0 0 0 / 42 0 0 0", piece(0),
-         "click; 0 walks 41 42; clear; end turn; count 0 => 42 0 0 0 / 42 0 0 0, over"},
     });
     // A missing positions file makes every square the same point, and the first stands for all:
     // pieces on the board are knocked, others left alone.
