@@ -163,9 +163,7 @@ std::string Game::seen() {
 
 std::string Game::situation() {
     std::string result;
-    for (const Spelardata& player : Spelare)
-        for (int n = 1; n <= pieces_each; ++n)
-            result += std::to_string(player.Ruta[n]) + (n < pieces_each ? " " : " / ");
+    for (int player = 1; player <= most_players; ++player) result += squares(player) + " / ";
     result.resize(result.size() - 3);
     const std::string nest = " / 0 0 0 0";
     while (result.ends_with(nest)) result.resize(result.size() - nest.size());

@@ -1,9 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
-#include <filesystem>
 #include <functional>
 #include <initializer_list>
 #include <string>
@@ -11,19 +9,6 @@
 #include "tests/engine/recorder.h"
 
 namespace brusbo::test {
-
-/// A new directory that is the current one while the object lives.
-struct Workplace {
-    Workplace() { std::filesystem::current_path(mkdtemp(path.data())); }
-    ~Workplace() {
-        std::filesystem::current_path(before);
-        std::filesystem::remove_all(path);
-    }
-    const std::filesystem::path before = std::filesystem::current_path();
-    std::string path = std::filesystem::temp_directory_path() / "brusbo-XXXXXX";
-};
-
-inline const std::filesystem::path good_positions = BRUSBO_ASSETS "/data/brs.dat";
 
 using Click = std::function<void()>;
 inline Click piece(int b) {

@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "engine/engine.h"
-#include "tests/engine/table.h"
+#include "tests/engine/common.h"
 
 namespace brusbo::test {
 

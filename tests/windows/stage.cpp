@@ -1,7 +1,5 @@
 #include "tests/windows/stage.h"
 
-#include <stdlib.h>
-
 #include <QAccessible>
 #include <QApplication>
 #include <QCloseEvent>
@@ -21,46 +19,37 @@ std::string numbered(const std::string& name, int index) {
 }
 
 Stage::Stage() {
-    std::string pattern = std::filesystem::temp_directory_path() / "brusbo-XXXXXX";
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no directory for the test");
-    directory_ = pattern;
-    std::filesystem::current_path(directory_);
-    std::filesystem::copy_file(BRUSBO_ASSETS "/data/brs.dat", "brs.dat");
+    std::filesystem::copy_file(good_positions, "brs.dat");
     program_end() = [this](int code) { ends.push_back(code); };
-    reset_to_program_start();
 }
 
 Stage::~Stage() {
     settle();
     EXPECT_EQ(awaited_, 0) << "something awaited never came";
-    close();
-    std::filesystem::current_path(directory_before_);
-    std::filesystem::remove_all(directory_);
-}
-
-void Stage::close() {
-    program.reset();
+    world.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-void Stage::load() {
-    close();
+void Stage::begin() {
+    world.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     reset_to_program_start();
-    program = std::make_unique<Program>();
-    program->Main();
+    world = std::make_unique<World>();
+    world->Main();
+}
+
+void Stage::load() {
+    begin();
     const auto loaded = [] { return window("MFrm") != nullptr && !InputGate::instance().closed(); };
     ASSERT_TRUE(QTest::qWaitFor(loaded));
     settle();
-    world = std::make_unique<World>(*program);
-    connect(screen(), *world);
+    world->heard();
 }
 
 void Stage::start(int players) {
     load();
     if (players > 2) click(numbered("Startfrm/AntSpelare", players - 1));
-    click("Startfrm/Starta");
-    settle();
-    world->heard();
+    play("Startfrm/Starta");
 }
 
 QWidget* Stage::window(const std::string& name) {
@@ -183,13 +172,6 @@ void Stage::place(int player, const std::string& squares) {
     }
     show_finished_count();
     Uppdatera_plus();
-}
-
-std::string Stage::squares(int player) {
-    std::string result;
-    for (const int square : Spelare[player].Ruta)
-        result += (result.empty() ? "" : " ") + std::to_string(square);
-    return result;
 }
 
 void Stage::win(std::function<void()> answer) {

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QWidget>
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -11,16 +10,14 @@
 
 #include "dialogs/program.h"
 #include "engine/engine.h"
-#include "tests/engine/table.h"
+#include "tests/engine/common.h"
 
 namespace brusbo::test {
 
-/// Stands between the rules and the program: throws can be scripted, pauses are short, and what
-/// would be heard is written down instead.
-class World final : public Services {
+/// The program with throws that can be scripted, short pauses, and without sound: what would be
+/// heard is written down instead.
+class World final : public Program {
    public:
-    explicit World(Services& program) : program_(program) {}
-
     Dice dice;
     std::function<void(int number)> at_pause = [](int) {};  ///< counted from 1
     std::function<void()> at_sound = [] {};
@@ -37,23 +34,18 @@ class World final : public Services {
     }
     void pause(int) override {
         at_pause(++pauses);
-        if (pauses % pauses_to_real_one == 0) program_.pause(0);
+        if (pauses % pauses_to_real_one == 0) Program::pause(0);
     }
-    double time_of_day() override { return program_.time_of_day(); }
-    void seed_random(double seed) override { program_.seed_random(seed); }
     float random_value() override { return dice.next(); }
     void beep() override { note("beep"); }
     void show_Grattis() override {
         ++winners;
-        program_.show_Grattis();
+        Program::show_Grattis();
     }
-    void close_Grattis() override { program_.close_Grattis(); }
-    void show_Startfrm() override { program_.show_Startfrm(); }
 
    private:
     void note(std::string_view what) { (heard_ += heard_.empty() ? "" : " ") += what; }
 
-    Services& program_;
     std::string heard_;
 };
 
@@ -67,8 +59,8 @@ class Stage : public testing::Test {
     Stage();
     ~Stage() override;
 
-    /// Starts the program, anew if need be; returns when the main window has been loaded.
-    void load();
+    void begin();  ///< starts the program, anew if need be
+    void load();   ///< and returns when the main window has been loaded
     /// And presses Starta, with the first `players` boxes open.
     void start(int players = 2);
 
@@ -106,21 +98,17 @@ class Stage : public testing::Test {
     std::string play(const std::string& moves);
     /// Places a player's four pieces, as "5 0 0 55", on the board's picture too.
     static void place(int player, const std::string& squares);
-    static std::string squares(int player);
     /// The current player wins; `answer` is given to the winner window.
     void win(std::function<void()> answer);
 
     /// The elements of the main window that show something else than the state has; or empty.
     static std::string difference();
 
-    std::unique_ptr<Program> program;
     std::unique_ptr<World> world;
     std::vector<int> ends;  ///< exit codes with which the program wanted to end
 
    private:
-    void close();
-
-    std::filesystem::path directory_, directory_before_ = std::filesystem::current_path();
+    const Workplace workplace_;
     int awaited_ = 0;
 };
 

@@ -74,7 +74,6 @@ TEST_F(StartWindow, NoMenuInAForeignLanguageComesUp) {
 
 TEST_F(StartWindow, NumberOfPlayers) {
     load();
-    world->heard();
     for (const int pressed : {3, 1, 2, 2}) {
         EXPECT_EQ(play(numbered("Startfrm/AntSpelare", pressed)), "s2");
         EXPECT_EQ(Antal_spelare, pressed + 1);
@@ -87,7 +86,6 @@ TEST_F(StartWindow, NumberOfPlayers) {
 
 TEST_F(StartWindow, SoundSwitch) {
     load();
-    world->heard();
     EXPECT_EQ(play("Startfrm/Sound"), "s1") << "heard before it is off";
     EXPECT_EQ(play("Startfrm/Sound"), "");
     EXPECT_EQ(play("Startfrm/Sound"), "s1");
@@ -114,8 +112,7 @@ TEST_F(StartWindow, ComesBackWithTheChoicesMade) {
 }
 
 TEST_F(StartWindow, APressBeforeTheMainWindowIsLoadedWaitsForIt) {
-    program = std::make_unique<Program>();
-    program->Main();
+    begin();
     EXPECT_EQ(window("MFrm"), nullptr);
     click("Startfrm/Starta");
     EXPECT_TRUE(QTest::qWaitFor([] { return shown("MFrm"); }));

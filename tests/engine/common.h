@@ -1,15 +1,31 @@
 #pragma once
 
-#include <cstdint>
+#include <stdlib.h>
+
 #include <deque>
+#include <filesystem>
 #include <random>
+#include <string>
 #include <utility>
 
 #include "engine/state.h"
 
-// The die and the board, as the tests of the rules and of the windows know them. Piece pictures are
-// numbered b = 0..15.
+// What the tests of the rules and of the windows have in common: a directory with a positions file,
+// the die, the board. Piece pictures are numbered b = 0..15.
 namespace brusbo::test {
+
+inline const std::filesystem::path good_positions = BRUSBO_ASSETS "/data/brs.dat";
+
+/// A new directory that is the current one while the object lives.
+struct Workplace {
+    Workplace() { std::filesystem::current_path(mkdtemp(path.data())); }
+    ~Workplace() {
+        std::filesystem::current_path(before);
+        std::filesystem::remove_all(path);
+    }
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::string path = std::filesystem::temp_directory_path() / "brusbo-XXXXXX";
+};
 
 /// The random values that the rules ask for.
 struct Dice {
@@ -40,6 +56,13 @@ inline Point home_of(int b) {
     static constexpr Point corners[] = {{36, 34}, {274, 34}, {274, 272}, {36, 274}};
     const Point corner = corners[b / 4];
     return {corner.first + (b % 2 == 1 ? 42 : 0), corner.second + (b % 4 >= 2 ? 42 : 0)};
+}
+
+/// "0 5 55 0"
+inline std::string squares(int player) {
+    std::string result;
+    for (const int square : Spelare[player].Ruta) result += std::to_string(square) + " ";
+    return result.substr(0, result.size() - 1);
 }
 
 inline int square_of(int b) { return Spelare[b / 4 + 1].Ruta[b % 4 + 1]; }
