@@ -134,14 +134,10 @@ TEST_F(StartWindow, WithoutAPositionsFileTheGameGoesOn) {
 
 TEST_F(StartWindow, AMalformedPositionsFileStopsTheProgramWithAMessage) {
     const std::string too_long = std::string("\x7F\0", 2) + std::string(126, '1');
-    const std::string too_large(
-        "\x0A\0"
-        "9999999999",
-        12);
-    const std::string a_directory;
-    for (const std::string& content : {too_long, too_large, a_directory}) {
+    const std::string too_large = std::string("\n\0", 2) + "9999999999";
+    for (const std::string& content : {too_long, too_large, std::string("a directory")}) {
         std::filesystem::remove("brs.dat");
-        if (content.empty())
+        if (content == "a directory")
             std::filesystem::create_directory("brs.dat");
         else
             std::ofstream("brs.dat") << content;
