@@ -6,38 +6,40 @@
 
 namespace brusbo {
 
-/// A circle as large as its frame allows, filled with one colour; the mouse goes through it.
-class Circle : public QWidget {
+/// What is drawn in one colour.
+class Shape : public QWidget {
     Q_OBJECT
 
    public:
-    Circle(QWidget* parent, const ElementLook& look, QColor colour);
+    Shape(QWidget* parent, const ElementLook& look, QColor colour);
 
     QColor colour() const { return colour_; }
     void set_colour(QColor colour);
-
-   protected:
-    void paintEvent(QPaintEvent* event) override;
 
    private:
     QColor colour_;
 };
 
-/// A straight line that fills its place with one colour.
-class Line : public QWidget {
+/// A circle as large as its frame allows; the mouse goes through it.
+class Circle : public Shape {
     Q_OBJECT
 
    public:
-    Line(QWidget* parent, const ElementLook& look, QColor colour);
-
-    QColor colour() const { return colour_; }
-    void set_colour(QColor colour);
+    Circle(QWidget* parent, const ElementLook& look, QColor colour);
 
    protected:
     void paintEvent(QPaintEvent* event) override;
+};
 
-   private:
-    QColor colour_;
+/// A straight line that fills its place.
+class Line : public Shape {
+    Q_OBJECT
+
+   public:
+    using Shape::Shape;
+
+   protected:
+    void paintEvent(QPaintEvent* event) override;
 };
 
 }  // namespace brusbo

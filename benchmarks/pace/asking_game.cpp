@@ -5,7 +5,7 @@
 #include <QPixmap>
 #include <cstdio>
 
-#include "dialogs/program.h"
+#include "benchmarks/other_game.h"
 #include "tests/display/harness/x_client.h"
 
 namespace {
@@ -39,14 +39,4 @@ class AskingGame : public QObject, public brusbo::Program {
 
 }  // namespace
 
-int main() {
-    // Windows are found by the class that they have from the program's name.
-    int count = 1;
-    char name[] = "brusbo";
-    char* arguments[] = {name, nullptr};
-    QApplication application(count, arguments);
-    brusbo::prepare_application();
-    AskingGame program;
-    program.Main();
-    return QApplication::exec();
-}
+int main() { return brusbo::run_game<AskingGame>(); }

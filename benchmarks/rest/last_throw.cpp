@@ -1,8 +1,6 @@
 // The game, but the first throw finds player 1 with three pieces finished and the last one square
 // before the goal, and is a 1.
-#include <QApplication>
-
-#include "dialogs/program.h"
+#include "benchmarks/other_game.h"
 #include "engine/state.h"
 
 namespace {
@@ -24,14 +22,4 @@ class LastThrow : public brusbo::Program {
 
 }  // namespace
 
-int main() {
-    // Windows are found by the class that they have from the program's name.
-    int count = 1;
-    char name[] = "brusbo";
-    char* arguments[] = {name, nullptr};
-    QApplication application(count, arguments);
-    brusbo::prepare_application();
-    LastThrow program;
-    program.Main();
-    return QApplication::exec();
-}
+int main() { return brusbo::run_game<LastThrow>(); }

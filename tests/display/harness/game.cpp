@@ -76,10 +76,19 @@ void Game::wait_until_gone(Shown which) {
 }
 
 WindowId Game::menu() {
+    // It takes no clicks beside it before it is painted: light grey, on a window without that.
+    const auto is_painted = [&](WindowId window) {
+        const QPoint blank = person().place(window).topRight() + QPoint(-5, 5);
+        const QImage spot = person().image({blank, QSize(1, 1)});
+        if (spot.isNull()) return false;
+        const QRgb colour = spot.pixel(0, 0);
+        return qBlue(colour) > 200 && qRed(colour) == qBlue(colour);
+    };
     return wait_for("the menu", [&]() -> WindowId {
         for (const WindowId window : person().windows_of(window_class))
             if (person().is_unmanaged(window) &&
-                !person().has_atom(window, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_TOOLTIP"))
+                !person().has_atom(window, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_TOOLTIP") &&
+                is_painted(window))
                 return window;
         return 0;
     });
