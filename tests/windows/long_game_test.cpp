@@ -28,9 +28,10 @@ class LongGame : public Stage {
     }
 
     void move() {
-        if (butTvå_pjäser_visible && world->generator() % 2 == 0) return click("butTvå_pjäser");
-        if (butEn_pjäs_visible && world->generator() % 2 == 0) return click("butEn_pjäs");
-        const int piece = static_cast<int>(world->generator() % 4);
+        if (butTvå_pjäser_visible && world->dice.generator() % 2 == 0)
+            return click("butTvå_pjäser");
+        if (butEn_pjäs_visible && world->dice.generator() % 2 == 0) return click("butEn_pjäs");
+        const int piece = static_cast<int>(world->dice.generator() % 4);
         click(numbered("Pjäs", 4 * (Aktuell_spelare - 1) + piece));
     }
 
