@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <QPointer>
 #include <QTest>
 
 #include "tests/windows/stage.h"
@@ -168,8 +169,10 @@ TEST_F(Chrome, TheTitleBarMovesTheWindowWhereItIsUncovered) {
 
 TEST_F(Chrome, TheFarewellWindowStaysBesideTheGameUntilItsButtonEndsIt) {
     start();
-    play("butAvsluta 4 butAvsluta");
-    QWidget* const farewell = window("Slut");
+    play("butAvsluta 4");
+    const QPointer<QWidget> farewell = window("Slut");
+    play("butAvsluta");
+    ASSERT_EQ(farewell, window("Slut")) << "it is brought up again, not made anew";
     EXPECT_EQ(QApplication::activeWindow(), farewell);
     const QRect stands = farewell->geometry(), text = at("Slut/Text").geometry();
     drag("Slut", Qt::LeftButton, {311, 100}, {30, 5});
