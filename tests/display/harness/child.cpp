@@ -1,90 +1,55 @@
 #include "tests/display/harness/child.h"
 
-#include <fcntl.h>
 #include <signal.h>
 #include <sys/prctl.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <chrono>
 #include <fstream>
-#include <sstream>
-#include <stdexcept>
-#include <thread>
 
 #include "tests/display/harness/waiting.h"
 
 namespace brusbo::display {
 
-namespace {
-
-std::vector<char*> pointers(std::vector<std::string>& words) {
-    std::vector<char*> result;
-    for (std::string& word : words) result.push_back(word.data());
-    result.push_back(nullptr);
-    return result;
-}
-
-}  // namespace
-
-Child::Child(const Command& command) : log_(command.log) {
-    std::vector<std::string> words = command.words;
-    std::vector<std::string> variables;
-    for (const auto& [name, value] : command.environment) variables.push_back(name + '=' + value);
-    const std::vector<char*> arguments = pointers(words);
-    const std::vector<char*> environment = pointers(variables);
-    const int log = open(log_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-
+Child::Child(const std::vector<std::string>& words, const Environment& environment,
+             const std::filesystem::path& folder, const std::filesystem::path& log)
+    : log_(log) {
+    QProcessEnvironment variables;
+    for (const auto& [name, value] : environment)
+        variables.insert(QString::fromStdString(name), QString::fromStdString(value));
+    process_.setProcessEnvironment(variables);
+    process_.setWorkingDirectory(QString::fromStdString(folder));
+    process_.setProcessChannelMode(QProcess::MergedChannels);
+    process_.setStandardOutputFile(QString::fromStdString(log));
+    process_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    QStringList arguments;
+    for (const std::string& word : words) arguments += QString::fromStdString(word);
+    const QString program = arguments.takeFirst();
     start_ = std::chrono::steady_clock::now();
-    id_ = fork();
-    if (id_ < 0) throw std::runtime_error("no process for " + words[0]);
-    if (id_ > 0) {
-        close(log);
-        return;
-    }
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-    dup2(log, STDOUT_FILENO);
-    dup2(log, STDERR_FILENO);
-    if (command.descriptor == 3)
-        fcntl(3, F_SETFD, 0);
-    else if (command.descriptor >= 0)
-        dup2(command.descriptor, 3);
-    if (chdir(command.folder.c_str()) == 0)
-        execvpe(arguments[0], arguments.data(), environment.data());
-    _exit(127);
+    process_.start(program, arguments);
 }
 
 Child::~Child() {
-    using namespace std::chrono_literals;
-    send(SIGTERM);
-    const auto deadline = std::chrono::steady_clock::now() + 5s;
-    while (runs() && std::chrono::steady_clock::now() < deadline) std::this_thread::sleep_for(1ms);
-    if (status_) return;
-    send(SIGKILL);
-    waitpid(id_, nullptr, 0);
+    terminate();
+    constexpr int patience = 5000;  // milliseconds
+    if (process_.waitForFinished(patience)) return;
+    process_.kill();
+    process_.waitForFinished();
 }
 
 bool Child::runs() {
-    int status = 0;
-    if (!status_ && waitpid(id_, &status, WNOHANG) == id_) status_ = status;
-    return !status_;
-}
-
-void Child::send(int signal) const {
-    if (!status_) kill(id_, signal);
+    // The state is as of the last wait.
+    process_.waitForFinished(0);
+    return process_.state() != QProcess::NotRunning;
 }
 
 std::optional<int> Child::exit_code() {
     wait_for("the end of a process", [this] { return !runs(); });
-    if (!WIFEXITED(*status_)) return {};
-    return WEXITSTATUS(*status_);
+    if (process_.exitStatus() != QProcess::NormalExit) return {};
+    return process_.exitCode();
 }
 
 std::string Child::output() const {
     std::ifstream file(log_);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 }  // namespace brusbo::display

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <sys/types.h>
-
+#include <QProcess>
 #include <chrono>
 #include <filesystem>
 #include <map>
@@ -16,24 +15,18 @@ using Environment = std::map<std::string, std::string>;
 /// A process of ours. It dies with this object, and with the thread that started it.
 class Child {
    public:
-    struct Command {
-        std::vector<std::string> words;  ///< the program is looked for in PATH
-        Environment environment;         ///< all of it
-        std::filesystem::path folder;    ///< to start in
-        std::filesystem::path log;       ///< for standard output and error
-        int descriptor = -1;             ///< of ours that it gets as number 3
-    };
-
-    explicit Child(const Command& command);
-    ~Child();
+    /// `words` are the program, looked for in PATH, and its arguments; `environment` is all of its
+    /// environment. What it writes goes to the log.
+    Child(const std::vector<std::string>& words, const Environment& environment,
+          const std::filesystem::path& folder, const std::filesystem::path& log);
+    virtual ~Child();
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;
 
-    pid_t id() const { return id_; }
+    pid_t id() const { return static_cast<pid_t>(process_.processId()); }
     std::chrono::steady_clock::time_point start() const { return start_; }
     bool runs();
-    void send(int signal) const;
-
+    void terminate() { process_.terminate(); }
     /// Waits for the end. The exit code, or nothing where a signal was the end of it.
     std::optional<int> exit_code();
 
@@ -42,9 +35,8 @@ class Child {
 
    private:
     const std::filesystem::path log_;
-    pid_t id_ = 0;
+    QProcess process_;
     std::chrono::steady_clock::time_point start_;
-    std::optional<int> status_;
 };
 
 }  // namespace brusbo::display

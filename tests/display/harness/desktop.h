@@ -1,8 +1,7 @@
 #pragma once
 
+#include <QTemporaryDir>
 #include <memory>
-#include <string>
-#include <vector>
 
 #include "tests/display/harness/child.h"
 #include "tests/display/harness/waiting.h"
@@ -19,20 +18,20 @@ class Desktop {
     explicit Desktop(Manager manager = Manager::openbox, QSize screen = {1280, 1024});
 
     const XClient& person() const { return *person_; }
-    const std::filesystem::path& home() const { return home_.path; }
+    std::filesystem::path home() const { return folder_.path().toStdString(); }
 
     /// For programs that are to show themselves here; there is no session bus and no sound server.
-    const Environment& environment() const { return environment_; }
+    /// `more` goes before that.
+    Environment environment(Environment more = {}) const;
 
     /// A further program of the desktop, such as a compositor.
-    Child& start(const std::string& name, const std::vector<std::string>& words,
-                 const Environment& more = {});
+    Child& start(const std::vector<std::string>& words, const Environment& more = {});
 
    private:
     void start_server(QSize screen);
     void start_openbox();
 
-    TemporaryFolder home_;
+    const QTemporaryDir folder_;
     Environment environment_;
     std::vector<std::unique_ptr<Child>> programs_;  // the server first
     std::unique_ptr<XClient> person_;

@@ -1,10 +1,6 @@
-// Waiting for things, and a place for files.
 #pragma once
 
-#include <stdlib.h>
-
 #include <chrono>
-#include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -24,21 +20,5 @@ auto wait_for(const std::string& what, Question question) {
         std::this_thread::sleep_for(3ms);
     }
 }
-
-struct TemporaryFolder {
-    TemporaryFolder() {
-        std::string name = std::filesystem::temp_directory_path() / "brusbo-display-XXXXXX";
-        if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-        path = name;
-    }
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path, ignored);
-    }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    std::filesystem::path path;
-};
 
 }  // namespace brusbo::display

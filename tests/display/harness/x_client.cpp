@@ -2,9 +2,9 @@
 
 #include <xcb/xtest.h>
 
+#include <algorithm>
 #include <cstdlib>
-#include <cstring>
-#include <stdexcept>
+#include <span>
 
 #include "tests/display/harness/waiting.h"
 
@@ -22,6 +22,17 @@ std::unique_ptr<Reply, Free> own(Reply* reply) {
     return std::unique_ptr<Reply, Free>(reply);
 }
 
+/// The values of a property that has values of this size.
+template <typename Value>
+std::vector<Value> values(xcb_connection_t* connection, WindowId window, xcb_atom_t property) {
+    const auto cookie =
+        xcb_get_property(connection, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, 256);
+    const auto reply = own(xcb_get_property_reply(connection, cookie, nullptr));
+    if (!reply || reply->format != 8 * sizeof(Value)) return {};
+    const auto* const first = static_cast<const Value*>(xcb_get_property_value(reply.get()));
+    return {first, first + reply->value_len};
+}
+
 }  // namespace
 
 XClient::XClient(const std::string& display) : connection_(xcb_connect(display.c_str(), nullptr)) {
@@ -34,6 +45,13 @@ xcb_atom_t XClient::atom(const std::string& name) const {
     const auto cookie =
         xcb_intern_atom(connection(), 0, static_cast<std::uint16_t>(name.size()), name.c_str());
     return own(xcb_intern_atom_reply(connection(), cookie, nullptr))->atom;
+}
+
+WindowId XClient::create_window() const {
+    const WindowId window = xcb_generate_id(connection());
+    xcb_create_window(connection(), XCB_COPY_FROM_PARENT, window, root(), 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    return window;
 }
 
 QImage XClient::image(const QRect& area) const {
@@ -49,29 +67,17 @@ QImage XClient::image(const QRect& area) const {
     return pixels.copy();
 }
 
-void XClient::fake(std::uint8_t type, std::uint8_t detail, QPoint place) const {
-    xcb_test_fake_input(connection(), type, detail, XCB_CURRENT_TIME, root(),
-                        static_cast<std::int16_t>(place.x()), static_cast<std::int16_t>(place.y()),
-                        0);
+void XClient::fake(std::uint8_t type, int detail, QPoint place) const {
+    xcb_test_fake_input(connection(), type, static_cast<std::uint8_t>(detail), XCB_CURRENT_TIME,
+                        root(), static_cast<std::int16_t>(place.x()),
+                        static_cast<std::int16_t>(place.y()), 0);
     synchronise();
 }
 
-void XClient::synchronise() const {
-    own(xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr));
-}
-
-void XClient::point_at(QPoint place) const { fake(XCB_MOTION_NOTIFY, 0, place); }
-
-void XClient::press(int button) const { fake(XCB_BUTTON_PRESS, static_cast<std::uint8_t>(button)); }
-
-void XClient::release(int button) const {
-    fake(XCB_BUTTON_RELEASE, static_cast<std::uint8_t>(button));
-}
-
-void XClient::click(QPoint place, int button) const {
+void XClient::click(QPoint place) const {
     point_at(place);
-    press(button);
-    release(button);
+    press();
+    release();
 }
 
 void XClient::wait_for_free_pointer() const {
@@ -87,53 +93,29 @@ void XClient::wait_for_free_pointer() const {
 }
 
 void XClient::type(const std::vector<Key>& keys) const {
-    for (auto key = keys.begin(); key != keys.end(); ++key) fake(XCB_KEY_PRESS, key_code(*key));
-    for (auto key = keys.rbegin(); key != keys.rend(); ++key) fake(XCB_KEY_RELEASE, key_code(*key));
-}
-
-std::uint8_t XClient::key_code(Key key) const {
-    const xcb_setup_t* const setup = xcb_get_setup(connection());
-    const int first = setup->min_keycode;
-    const int count = setup->max_keycode - first + 1;
-    const auto cookie = xcb_get_keyboard_mapping(connection(), setup->min_keycode,
-                                                 static_cast<std::uint8_t>(count));
-    const auto reply = own(xcb_get_keyboard_mapping_reply(connection(), cookie, nullptr));
-    const xcb_keysym_t* const symbols = xcb_get_keyboard_mapping_keysyms(reply.get());
-    for (int code = 0; code < count; ++code)
-        if (symbols[code * reply->keysyms_per_keycode] == key)
-            return static_cast<std::uint8_t>(first + code);
-    throw std::runtime_error("the keyboard lacks a key");
-}
-
-std::vector<WindowId> XClient::children(WindowId window) const {
-    const auto reply =
-        own(xcb_query_tree_reply(connection(), xcb_query_tree(connection(), window), nullptr));
-    if (!reply) return {};
-    const WindowId* const first = xcb_query_tree_children(reply.get());
-    return {first, first + xcb_query_tree_children_length(reply.get())};
-}
-
-void XClient::collect(WindowId window, const std::string& window_class,
-                      std::vector<WindowId>& found) const {
-    for (const WindowId child : children(window)) {
-        const auto cookie =
-            xcb_get_property(connection(), 0, child, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, 64);
-        const auto reply = own(xcb_get_property_reply(connection(), cookie, nullptr));
-        if (!reply) continue;
-        const std::string text(
-            static_cast<const char*>(xcb_get_property_value(reply.get())),
-            static_cast<std::size_t>(xcb_get_property_value_length(reply.get())));
-        if (text.find(window_class + '\0') == 0) {
-            if (is_viewable(child)) found.push_back(child);
-        } else {
-            collect(child, window_class, found);
-        }
-    }
+    for (auto key = keys.begin(); key != keys.end(); ++key) fake(XCB_KEY_PRESS, *key);
+    for (auto key = keys.rbegin(); key != keys.rend(); ++key) fake(XCB_KEY_RELEASE, *key);
 }
 
 std::vector<WindowId> XClient::windows_of(const std::string& window_class) const {
     std::vector<WindowId> found;
-    collect(root(), window_class, found);
+    std::vector<WindowId> others{root()};
+    while (!others.empty()) {
+        const auto cookie = xcb_query_tree(connection(), others.back());
+        others.pop_back();
+        const auto tree = own(xcb_query_tree_reply(connection(), cookie, nullptr));
+        if (!tree) continue;
+        const std::span children(xcb_query_tree_children(tree.get()), tree->children_len);
+        for (const WindowId child : children) {
+            const auto name = values<char>(connection(), child, XCB_ATOM_WM_CLASS);
+            const bool is_of_class =
+                std::string(name.begin(), std::ranges::find(name, '\0')) == window_class;
+            if (!is_of_class)
+                others.push_back(child);
+            else if (is_viewable(child))
+                found.push_back(child);
+        }
+    }
     return found;
 }
 
@@ -141,12 +123,6 @@ bool XClient::is_viewable(WindowId window) const {
     const auto cookie = xcb_get_window_attributes(connection(), window);
     const auto reply = own(xcb_get_window_attributes_reply(connection(), cookie, nullptr));
     return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
-}
-
-bool XClient::is_unmanaged(WindowId window) const {
-    const auto cookie = xcb_get_window_attributes(connection(), window);
-    const auto reply = own(xcb_get_window_attributes_reply(connection(), cookie, nullptr));
-    return reply && reply->override_redirect != 0;
 }
 
 QRect XClient::place(WindowId window) const {
@@ -159,39 +135,12 @@ QRect XClient::place(WindowId window) const {
 }
 
 std::vector<std::uint32_t> XClient::property(WindowId window, const std::string& name) const {
-    const auto cookie =
-        xcb_get_property(connection(), 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, 256);
-    const auto reply = own(xcb_get_property_reply(connection(), cookie, nullptr));
-    if (!reply || reply->format != 32) return {};
-    std::vector<std::uint32_t> values(reply->value_len);
-    std::memcpy(values.data(), xcb_get_property_value(reply.get()), 4 * values.size());
-    return values;
-}
-
-bool XClient::has_atom(WindowId window, const std::string& name, const std::string& value) const {
-    const xcb_atom_t wanted = atom(value);
-    for (const std::uint32_t found : property(window, name))
-        if (found == wanted) return true;
-    return false;
-}
-
-std::string XClient::title(WindowId window) const {
-    const auto cookie = xcb_get_property(connection(), 0, window, atom("_NET_WM_NAME"),
-                                         XCB_GET_PROPERTY_TYPE_ANY, 0, 256);
-    const auto reply = own(xcb_get_property_reply(connection(), cookie, nullptr));
-    if (!reply) return {};
-    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
-            static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
+    return values<std::uint32_t>(connection(), window, atom(name));
 }
 
 WindowId XClient::focus() const {
     return own(xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr))
         ->focus;
-}
-
-void XClient::give_focus(WindowId window) const {
-    xcb_set_input_focus(connection(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
-    synchronise();
 }
 
 void XClient::send(WindowId to, WindowId about, const std::string& message,
@@ -201,7 +150,7 @@ void XClient::send(WindowId to, WindowId about, const std::string& message,
     event.format = 32;
     event.window = about;
     event.type = atom(message);
-    for (std::size_t i = 0; i < data.size(); ++i) event.data.data32[i] = data[i];
+    std::ranges::copy(data, event.data.data32);
     xcb_send_event(connection(), 0, to, mask, reinterpret_cast<const char*>(&event));
     synchronise();
 }
