@@ -84,7 +84,8 @@ TEST(Wayland, AHeadlessCompositorShowsTheStartWindow) {
 class WaylandPlay : public testing::Test {
    protected:
     const XClient& person() const { return desktop_.person(); }
-
+    /// The compositor's arrow would be part of what is seen.
+    void point_away() const { person().point_at({998, 798}); }
     void click(const QRect& window, const QRect& area) const {
         person().click(window.topLeft() + area.center());
     }
@@ -99,9 +100,7 @@ class WaylandPlay : public testing::Test {
     /// Waits until the window is there and its face is seen. The compositor gives a window no input
     /// before it has drawn it, and tells of one before it has found its place.
     QRect window(QSize size) const {
-        // The compositor's arrow would be part of what is seen.
-        person().point_at({998, 798});
-        // The largest part without elements, of the picture that is the window's ground.
+        point_away();
         QPoint corner(0, 0);
         QImage face = brusbo::image(Picture::side_panel).copy(0, 0, 180, 80);
         if (size == main_size) {
@@ -117,7 +116,9 @@ class WaylandPlay : public testing::Test {
             return found && shows(*found, corner, face) ? found : std::nullopt;
         });
     }
-    void wait_until_gone(QSize size) const {
+    void close(QSize size, const QRect& button) const {
+        click(window(size), button);
+        point_away();
         wait_for("a window to go", [&] { return !compositor_.find(size); });
     }
 
@@ -132,24 +133,24 @@ class WaylandPlay : public testing::Test {
             return shows(window, button.topLeft(), brusbo::image(picture).copy(uncovered));
         });
     }
-    /// Lights a button up and leaves it, so all input before has been handled.
-    void let_it_catch_up(const QRect& window) const {
-        hover(window, mnuOm.bottomRight(), mnuOm, Picture::om_1);
-        hover(window, bare_board, mnuOm, Picture::om_0);
+    /// Expects the main window there when all input before has been handled: a button lights up.
+    void expect_main_at(const QRect& place) const {
+        hover(place, mnuOm.bottomRight(), mnuOm, Picture::om_1);
+        hover(place, bare_board, mnuOm, Picture::om_0);
+        EXPECT_EQ(compositor_.find(main_size), place);
     }
-    /// Opens the about window and closes it.
-    void read_about(const QRect& main) const {
-        click(main, mnuOm);
-        click(window(about_size), Klar);
-        wait_until_gone(about_size);
-    }
-
-    /// Presses Starta. The main window.
-    QRect play() {
-        click(window(start_size), Starta);
-        const QRect main = window(main_size);
-        program_.wait_for_sounds("s1");
-        return main;
+    /// Holds the mouse's button down and moves it by so much until the window has got there.
+    void drag_until(const std::string& what, QPoint from, QPoint by,
+                    const std::function<bool()>& is_there) const {
+        person().point_at(from);
+        person().press();
+        // The compositor moves and resizes with the movements that come after it has been asked.
+        wait_for(what, [&] {
+            person().point_at(from + by + QPoint(1, 0));
+            person().point_at(from + by);
+            return is_there();
+        });
+        person().release();
     }
 
     Desktop desktop_{Manager::none};
@@ -157,75 +158,49 @@ class WaylandPlay : public testing::Test {
     RunningProgram program_{desktop_, compositor_.environment()};
 };
 
-TEST_F(WaylandPlay, AThrowIsToldAndTheProgramEndsByTheFarewellWindow) {
-    const QRect main = play();
+TEST_F(WaylandPlay, FromTheStartToTheEnd) {
+    close(start_size, Starta);
+    QRect main = window(main_size);
+    program_.wait_for_sounds("s1");
     const QImage told = image(main, labMeddelande);
     click(main, {40, 170, 35, 39});
     wait_for("the message", [&] { return image(main, labMeddelande) != told; });
-    read_about(main);
 
-    click(main, butAvsluta);
-    const QRect small = window(farewell_size);
-    const QPoint corner = small.bottomRight() - QPoint(1, 1);
-    const QPoint grown(40, 30);
-    person().point_at(corner);
-    person().press();
-    wait_for("the farewell window to grow", [&] {
-        person().point_at(corner + grown + QPoint(1, 0));
-        person().point_at(corner + grown);
-        return compositor_.find(small.size() + QSize(grown.x(), grown.y())).has_value();
-    });
-    person().release();
-    click(small, Stäng);
-    EXPECT_EQ(program_.exit_code(), 0);
-    EXPECT_EQ(program_.output(), "");
-}
-
-TEST_F(WaylandPlay, TheTitleBarMovesTheWindowAndAFastClickDoesNotStick) {
-    QRect main = play();
-    for (const int steps : {10, 1}) {
-        const QPoint moved(-steps * 7, steps * 5);
-        const QPoint from = main.topLeft() + grip;
-        person().point_at(from);
-        person().press();
-        for (int step = 1; step <= steps; ++step) person().point_at(from + moved * step / steps);
-        // The compositor moves the window with the movements that come after it has been asked.
-        wait_for("the window to follow", [&] {
-            person().point_at(from + moved + QPoint(1, 0));
-            person().point_at(from + moved);
-            return compositor_.find(main_size) == main.translated(moved);
-        });
-        person().release();
-        main.translate(moved);
-        let_it_catch_up(main);
-        EXPECT_EQ(compositor_.find(main_size), main);
-        read_about(main);  // the next click is no longer the title bar's
+    for (const QPoint by : {QPoint(-70, 50), QPoint(-7, 5)}) {
+        const QRect moved = main.translated(by);
+        drag_until("the window to follow", main.topLeft() + grip, by,
+                   [&] { return compositor_.find(main_size) == moved; });
+        main = moved;
+        expect_main_at(main);
+        // The next click is no longer the title bar's.
+        click(main, mnuOm);
+        close(about_size, Klar);
     }
     for (int time = 0; time < 5; ++time) {
         click(main, {grip, QSize(1, 1)});
         person().point_at(main.topLeft() + bare_board);
-        let_it_catch_up(main);
-        EXPECT_EQ(compositor_.find(main_size), main);
+        expect_main_at(main);
     }
-}
 
-TEST_F(WaylandPlay, TheMenuOpensAtTheLowerLeftCornerOfItsButton) {
-    const QRect main = play();
     hover(main, mnuArkiv.bottomRight(), mnuArkiv, Picture::arkiv_1);
     click(main, mnuArkiv);
-    const QPoint corner = main.topLeft() + QPoint(14, 28);
-    QRect menu;
+    const QPoint menu = main.topLeft() + QPoint(14, 28);
     wait_for("the menu at its place", [&] {
-        const auto found = compositor_.popups();
-        if (!found.empty()) menu = found.front();
-        return menu.topLeft() == corner;
+        const auto popups = compositor_.popups();
+        return !popups.empty() && popups.front().topLeft() == menu;
     });
-    person().click(corner + QPoint(60, menu.height() / 6));
-    click(window(start_size), Starta);
-    person().point_at({998, 798});
-    wait_until_gone(start_size);
+    person().click(menu + QPoint(60, 12));  // Nytt spel
+    close(start_size, Starta);
     const QImage normal = brusbo::image(Picture::arkiv_0);
     wait_for("the normal button", [&] { return shows(main, mnuArkiv.topLeft(), normal); });
+
+    click(main, butAvsluta);
+    const QRect farewell = window(farewell_size);
+    drag_until("the farewell window to grow", farewell.bottomRight() - QPoint(1, 1), {40, 30},
+               [&] { return compositor_.find(farewell_size + QSize(40, 30)).has_value(); });
+    click(farewell, Stäng);
+    EXPECT_EQ(program_.exit_code(), 0);
+    EXPECT_EQ(program_.output(), "");
 }
 
 }  // namespace

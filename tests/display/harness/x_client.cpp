@@ -6,8 +6,6 @@
 #include <cstdlib>
 #include <span>
 
-#include "tests/display/harness/waiting.h"
-
 namespace brusbo::display {
 
 namespace {
@@ -16,18 +14,19 @@ struct Free {
     void operator()(void* memory) const { std::free(memory); }
 };
 
-/// Takes a reply; null where the server answers with an error.
-template <typename Reply>
-std::unique_ptr<Reply, Free> own(Reply* reply) {
-    return std::unique_ptr<Reply, Free>(reply);
+/// Waits for the reply to a request; null where the server answers with an error.
+template <auto take_reply>
+auto ask(const XClient& client, auto request) {
+    auto* const reply = take_reply(client.connection(), request, nullptr);
+    return std::unique_ptr<std::remove_pointer_t<decltype(reply)>, Free>(reply);
 }
 
 /// The values of a property that has values of this size.
 template <typename Value>
-std::vector<Value> values(xcb_connection_t* connection, WindowId window, xcb_atom_t property) {
-    const auto cookie =
-        xcb_get_property(connection, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, 256);
-    const auto reply = own(xcb_get_property_reply(connection, cookie, nullptr));
+std::vector<Value> values(const XClient& client, WindowId window, xcb_atom_t property) {
+    const auto reply = ask<xcb_get_property_reply>(
+        client, xcb_get_property(client.connection(), 0, window, property,
+                                 XCB_GET_PROPERTY_TYPE_ANY, 0, 256));
     if (!reply || reply->format != 8 * sizeof(Value)) return {};
     const auto* const first = static_cast<const Value*>(xcb_get_property_value(reply.get()));
     return {first, first + reply->value_len};
@@ -42,9 +41,9 @@ XClient::XClient(const std::string& display) : connection_(xcb_connect(display.c
 }
 
 xcb_atom_t XClient::atom(const std::string& name) const {
-    const auto cookie =
-        xcb_intern_atom(connection(), 0, static_cast<std::uint16_t>(name.size()), name.c_str());
-    return own(xcb_intern_atom_reply(connection(), cookie, nullptr))->atom;
+    const auto length = static_cast<std::uint16_t>(name.size());
+    const auto request = xcb_intern_atom(connection(), 0, length, name.c_str());
+    return ask<xcb_intern_atom_reply>(*this, request)->atom;
 }
 
 WindowId XClient::create_window() const {
@@ -56,11 +55,11 @@ WindowId XClient::create_window() const {
 
 QImage XClient::image(const QRect& area) const {
     const QRect seen = area & QRect({0, 0}, size());
-    const auto cookie = xcb_get_image(
+    const auto request = xcb_get_image(
         connection(), XCB_IMAGE_FORMAT_Z_PIXMAP, root(), static_cast<std::int16_t>(seen.x()),
         static_cast<std::int16_t>(seen.y()), static_cast<std::uint16_t>(seen.width()),
         static_cast<std::uint16_t>(seen.height()), ~0U);
-    const auto reply = own(xcb_get_image_reply(connection(), cookie, nullptr));
+    const auto reply = ask<xcb_get_image_reply>(*this, request);
     if (!reply) return {};
     const QImage pixels(xcb_get_image_data(reply.get()), seen.width(), seen.height(),
                         4 * seen.width(), QImage::Format_RGB32);
@@ -82,10 +81,10 @@ void XClient::click(QPoint place) const {
 
 void XClient::wait_for_free_pointer() const {
     wait_for("the pointer", [this] {
-        const auto cookie =
+        const auto request =
             xcb_grab_pointer(connection(), 0, root(), 0, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC,
                              XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
-        const auto reply = own(xcb_grab_pointer_reply(connection(), cookie, nullptr));
+        const auto reply = ask<xcb_grab_pointer_reply>(*this, request);
         return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
     });
     xcb_ungrab_pointer(connection(), XCB_CURRENT_TIME);
@@ -101,46 +100,38 @@ std::vector<WindowId> XClient::windows_of(const std::string& window_class) const
     std::vector<WindowId> found;
     std::vector<WindowId> others{root()};
     while (!others.empty()) {
-        const auto cookie = xcb_query_tree(connection(), others.back());
+        const auto tree =
+            ask<xcb_query_tree_reply>(*this, xcb_query_tree(connection(), others.back()));
         others.pop_back();
-        const auto tree = own(xcb_query_tree_reply(connection(), cookie, nullptr));
         if (!tree) continue;
-        const std::span children(xcb_query_tree_children(tree.get()), tree->children_len);
-        for (const WindowId child : children) {
-            const auto name = values<char>(connection(), child, XCB_ATOM_WM_CLASS);
-            const bool is_of_class =
-                std::string(name.begin(), std::ranges::find(name, '\0')) == window_class;
-            if (!is_of_class)
+        for (const WindowId child :
+             std::span(xcb_query_tree_children(tree.get()), tree->children_len)) {
+            const auto name = values<char>(*this, child, XCB_ATOM_WM_CLASS);
+            const auto state = ask<xcb_get_window_attributes_reply>(
+                *this, xcb_get_window_attributes(connection(), child));
+            if (std::string(name.begin(), std::ranges::find(name, '\0')) != window_class)
                 others.push_back(child);
-            else if (is_viewable(child))
+            else if (state && state->map_state == XCB_MAP_STATE_VIEWABLE)
                 found.push_back(child);
         }
     }
     return found;
 }
 
-bool XClient::is_viewable(WindowId window) const {
-    const auto cookie = xcb_get_window_attributes(connection(), window);
-    const auto reply = own(xcb_get_window_attributes_reply(connection(), cookie, nullptr));
-    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
-}
-
 QRect XClient::place(WindowId window) const {
-    const auto size =
-        own(xcb_get_geometry_reply(connection(), xcb_get_geometry(connection(), window), nullptr));
-    const auto cookie = xcb_translate_coordinates(connection(), window, root(), 0, 0);
-    const auto corner = own(xcb_translate_coordinates_reply(connection(), cookie, nullptr));
+    const auto size = ask<xcb_get_geometry_reply>(*this, xcb_get_geometry(connection(), window));
+    const auto corner = ask<xcb_translate_coordinates_reply>(
+        *this, xcb_translate_coordinates(connection(), window, root(), 0, 0));
     if (!size || !corner) return {};
     return {corner->dst_x, corner->dst_y, size->width, size->height};
 }
 
 std::vector<std::uint32_t> XClient::property(WindowId window, const std::string& name) const {
-    return values<std::uint32_t>(connection(), window, atom(name));
+    return values<std::uint32_t>(*this, window, atom(name));
 }
 
 WindowId XClient::focus() const {
-    return own(xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr))
-        ->focus;
+    return ask<xcb_get_input_focus_reply>(*this, xcb_get_input_focus(connection()))->focus;
 }
 
 void XClient::send(WindowId to, WindowId about, const std::string& message,
@@ -156,8 +147,7 @@ void XClient::send(WindowId to, WindowId about, const std::string& message,
 }
 
 void XClient::request_close(WindowId window) const {
-    send(window, window, "WM_PROTOCOLS", {atom("WM_DELETE_WINDOW"), XCB_CURRENT_TIME},
-         XCB_EVENT_MASK_NO_EVENT);
+    send(window, window, "WM_PROTOCOLS", {atom("WM_DELETE_WINDOW"), XCB_CURRENT_TIME}, 0);
 }
 
 void XClient::ask_manager(WindowId window, const std::string& message,

@@ -4,11 +4,27 @@
 
 #include <QImage>
 #include <QRect>
+#include <chrono>
 #include <memory>
+#include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace brusbo::display {
+
+/// Asks every few milliseconds until the answer is true or not empty, and returns it. Throws when
+/// it has not come in half a minute.
+template <typename Question>
+auto wait_for(const std::string& what, Question question) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    while (true) {
+        if (auto answer = question()) return answer;
+        if (std::chrono::steady_clock::now() > deadline)
+            throw std::runtime_error("waited in vain for " + what);
+        std::this_thread::sleep_for(std::chrono::milliseconds(3));
+    }
+}
 
 using WindowId = xcb_window_t;
 
@@ -60,7 +76,6 @@ class XClient {
         void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
     };
 
-    bool is_viewable(WindowId window) const;
     void fake(std::uint8_t type, int detail, QPoint place = {}) const;
     void send(WindowId to, WindowId about, const std::string& message,
               const std::vector<std::uint32_t>& data, std::uint32_t mask) const;
