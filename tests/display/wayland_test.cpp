@@ -175,6 +175,7 @@ TEST_F(WaylandPlay, FromTheStartToTheEnd) {
         // The next click is no longer the title bar's.
         click(main, mnuOm);
         close(about_size, Klar);
+        expect_main_at(main);
     }
     for (int time = 0; time < 5; ++time) {
         click(main, {grip, QSize(1, 1)});
