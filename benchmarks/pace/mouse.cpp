@@ -26,7 +26,7 @@ int measure() {
         watch.wait_for_rest(title_bar, std::chrono::milliseconds(200));
         const Moment begin = Clock::now();
         for (int i = 0; i < movements; ++i) game.enter(main, buttons[i % 4]);
-        person.point_at(game.at(main, QPointF(300, 200)));
+        person.point_at(game.at(main, QPoint(300, 200)));
         Moment end = begin;
         while (const auto drawn =
                    watch.wait_for_drawing(title_bar, Clock::now() + std::chrono::milliseconds(300)))

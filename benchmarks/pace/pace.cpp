@@ -49,7 +49,7 @@ void ask_before_pauses(Report& report, int turns) {
     // A line for each pause: whether the server had the picture.
     int seen = 0;
     int unseen = 0;
-    std::istringstream lines(game.program().process().output());
+    std::istringstream lines(game.program().output());
     for (std::string line; std::getline(lines, line);) (line == "seen" ? seen : unseen) += 1;
     report.print("pauses before which the server was asked", seen + unseen, "");
     report.print("pictures that it did not have yet", unseen, "", 0);

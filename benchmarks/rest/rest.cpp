@@ -118,11 +118,11 @@ class Bench {
         const QRect menu = game.person().place(open_menu(game, main));
         game.person().click({menu.center().x(), menu.top() + menu.height() * 45 / 100});
         game.wait_for_picture(main, mnuArkiv.topLeft(), Picture::arkiv_0);
-        game.person().point_at(game.at(main, QPointF(380, 250)));
+        game.person().point_at(game.at(main, QPoint(380, 250)));
     }
 
     void measure(Game& game, const std::string& state) {
-        const pid_t process = game.program().process().id();
+        const pid_t process = game.program().id();
         // What was done before may still have to come to an end: sounds, tool tips, connections.
         std::map<std::string, Cost> before;
         wait_for("the program to come to rest", [&] {

@@ -40,8 +40,8 @@ class Bench {
                             desktop_.person().size().height() / 2);
         const QRect area(middle - QPoint(20, 40), QSize(40, 80));
         wait_for("the screen to be free", [&] { return is_black(area); });
-        const Child child(
-            {{program}, desktop_.environment(), folder, desktop_.home() / "program.log"});
+        const Child child({program}, desktop_.environment(), folder,
+                          desktop_.home() / "program.log");
         const Moment begin = child.start();
         while (const auto drawn = watch_.wait_for_drawing(area, begin + std::chrono::seconds(30)))
             if (!is_black(area)) return in_milliseconds(*drawn - begin);
@@ -78,10 +78,8 @@ class Bench {
     void measure_memory() {
         double bare = 0;
         {
-            const Child floor({{BENCH_FLOOR},
-                               desktop_.environment(),
-                               desktop_.home(),
-                               desktop_.home() / "floor.log"});
+            const Child floor({BENCH_FLOOR}, desktop_.environment(), desktop_.home(),
+                              desktop_.home() / "floor.log");
             wait_for("the bare program", [&] {
                 return !is_black({desktop_.person().size().width() / 2, 500, 20, 20});
             });
@@ -91,12 +89,12 @@ class Bench {
         Game game(desktop_, 1, sound);
         game.window(Shown::start);
         report_.print("memory, Brusbo with its start window",
-                      proportional_memory(game.program().process().id()) / 1024, "MiB");
+                      proportional_memory(game.program().id()) / 1024, "MiB");
         game.play();
         // The sound thread goes on with its connection after it has read the file.
         double before = 0;
         const double ours = *wait_for("memory to stay", [&]() -> std::optional<double> {
-            const double now = proportional_memory(game.program().process().id());
+            const double now = proportional_memory(game.program().id());
             std::this_thread::sleep_for(std::chrono::milliseconds(200));
             return std::exchange(before, now) == now ? std::optional(now) : std::nullopt;
         });

@@ -41,8 +41,7 @@ double proportional_memory(pid_t process) {
 
 Environment start_sound_server(Desktop& desktop) {
     const auto socket = desktop.home() / "runtime" / "pulse" / "native";
-    desktop.start("pulseaudio",
-                  {"pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--realtime=no",
+    desktop.start({"pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--realtime=no",
                    "--high-priority=no", "--exit-idle-time=-1", "-L", "module-native-protocol-unix",
                    "-L", "module-null-sink"},
                   {{"PULSE_SERVER", ""}});

@@ -1,9 +1,7 @@
 // The program on a Wayland compositor.
 #include <gtest/gtest.h>
-#include <signal.h>
 
 #include <regex>
-#include <sstream>
 
 #include "tests/display/harness/game.h"
 
@@ -13,15 +11,10 @@ namespace {
 /// weston; what it shows where, it tells itself.
 class Compositor {
    public:
-    enum class Backend { x11, headless };
-
-    Compositor(Desktop& desktop, Backend backend) : desktop_(desktop) {
-        const char* const module =
-            backend == Backend::x11 ? "x11-backend.so" : "headless-backend.so";
-        Child& weston =
-            desktop.start("weston", {"weston", std::string("--backend=") + module, "--use-pixman",
-                                     "--width=1000", "--height=800", "--socket=" + socket_,
-                                     "--idle-time=0", "--no-config", "--debug"});
+    Compositor(Desktop& desktop, const std::string& backend) : desktop_(desktop) {
+        Child& weston = desktop.start(
+            {"weston", "--backend=" + backend + "-backend.so", "--use-pixman", "--width=1000",
+             "--height=800", "--socket=" + socket_, "--idle-time=0", "--no-config", "--debug"});
         wait_for("the compositor", [&] {
             if (!weston.runs()) throw std::runtime_error(weston.output());
             // Its panel comes last.
@@ -34,43 +27,38 @@ class Compositor {
     }
 
     /// The client area of the window of that size.
-    std::optional<QRect> find(QSize size) const { return find("xdg_toplevel", size); }
-
-    std::optional<QRect> find_popup() const { return find("xdg_popup", {}); }
+    std::optional<QRect> find(QSize size) const {
+        const QMargins decorations(3, 30, 3, 3);  // Qt draws them itself
+        for (const QRect& found : surfaces("xdg_toplevel")) {
+            if (found.size() == size) return found;
+            const QRect client = found.marginsRemoved(decorations);
+            if (client.size() == size) return client;
+        }
+        return {};
+    }
+    /// Menus.
+    std::vector<QRect> popups() const { return surfaces("xdg_popup"); }
 
    private:
     std::string scene() const {
-        Environment environment = desktop_.environment();
-        environment["WAYLAND_DISPLAY"] = socket_;
-        Child debug({{"weston-debug", "scene-graph"},
-                     environment,
-                     desktop_.home(),
-                     desktop_.home() / "scene",
-                     -1});
+        Child debug({"weston-debug", "scene-graph"}, desktop_.environment(environment()),
+                    desktop_.home(), desktop_.home() / "scene");
         debug.exit_code();
         return debug.output();
     }
 
-    /// The first surface of that role, and of that size unless it is invalid, without its
-    /// decorations.
-    std::optional<QRect> find(const std::string& role, QSize size) const {
-        const QMargins decorations(3, 30, 3, 3);  // Qt draws them itself
-        const std::regex corners(R"(position: \((-?\d+), (-?\d+)\) -> \((-?\d+), (-?\d+)\))");
-        std::istringstream lines(scene());
-        bool inside = false;
-        for (std::string line; std::getline(lines, line);) {
-            if (line.find("View ") != std::string::npos)
-                inside = line.find("role " + role) != std::string::npos;
-            std::smatch match;
-            if (!inside || !std::regex_search(line, match, corners)) continue;
-            const QPoint first(std::stoi(match[1]), std::stoi(match[2]));
-            const QPoint last(std::stoi(match[3]) - 1, std::stoi(match[4]) - 1);
-            const QRect found(first, last);
-            if (!size.isValid() || found.size() == size) return found;
-            if (found.marginsRemoved(decorations).size() == size)
-                return found.marginsRemoved(decorations);
+    std::vector<QRect> surfaces(const std::string& role) const {
+        const std::string text = scene();
+        const std::string point = R"(\((-?\d+), (-?\d+)\))";
+        const std::regex view("role " + role + ".*\n(?:.*\n)??.*position: " + point + " -> " +
+                              point);
+        std::vector<QRect> found;
+        for (std::sregex_iterator match(text.begin(), text.end(), view), end; match != end;
+             ++match) {
+            const auto number = [&](std::size_t group) { return std::stoi((*match)[group]); };
+            found.emplace_back(QPoint(number(1), number(2)), QPoint(number(3) - 1, number(4) - 1));
         }
-        return {};
+        return found;
     }
 
     Desktop& desktop_;
@@ -84,161 +72,136 @@ constexpr QSize farewell_size(312, 212);
 
 TEST(Wayland, AHeadlessCompositorShowsTheStartWindow) {
     Desktop desktop(Manager::none);
-    const Compositor compositor(desktop, Compositor::Backend::headless);
+    const Compositor compositor(desktop, "headless");
     RunningProgram program(desktop, compositor.environment());
     wait_for("the start window", [&] { return compositor.find(start_size); });
-    EXPECT_EQ(program.process().output(), "");
-    program.process().send(SIGTERM);
-    EXPECT_EQ(program.process().exit_code(), std::nullopt);
+    EXPECT_EQ(program.output(), "");
+    program.terminate();
+    EXPECT_EQ(program.exit_code(), std::nullopt);
 }
 
 /// The compositor's screen is a window of an X server, whose pointer is the compositor's.
-class WaylandPlay : public ::testing::Test {
+class WaylandPlay : public testing::Test {
    protected:
     const XClient& person() const { return desktop_.person(); }
-
-    void click(QPoint place) const { person().click(place); }
-
-    /// Waits until the window is there and its face is seen. The compositor gives a window no input
-    /// before it has drawn it, and tells of one before it has found its place.
-    QRect window(QSize size) const {
-        // The compositor's arrow would be part of what is seen.
-        person().point_at({998, 798});
-        // The largest corner without elements, of the picture that is the window's ground.
-        const QImage panel = brusbo::image(Picture::side_panel).copy(0, 0, 180, 80);
-        const QImage board = brusbo::image(Picture::board).copy(140, 0, 100, 378);
-        QImage plain(50, 40, QImage::Format_RGB32);
-        plain.fill(QColor(240, 240, 240));
-        const auto face_is_seen = [&](const QRect& window) {
-            if (size == main_size)
-                return shows(window, Picture1.topLeft() + QPoint(140, 0), board);
-            if (size == farewell_size) return shows(window, {230, 8}, plain);
-            return shows(window, {0, 0}, panel);
-        };
-        return *wait_for("a window's face", [&] {
-            const auto found = compositor_.find(size);
-            return found && face_is_seen(*found) ? found : std::nullopt;
-        });
+    /// The compositor's arrow would be part of what is seen.
+    void point_away() const { person().point_at({998, 798}); }
+    void click(const QRect& window, const QRect& area) const {
+        person().click(window.topLeft() + area.center());
     }
-
-    /// Presses Starta. The main window.
-    QRect play() {
-        click(window(start_size).topLeft() + Starta.center());
-        const QRect main = window(main_size);
-        program_.wait_for_sounds({"s1.wav"});
-        return main;
+    QImage image(const QRect& window, const QRect& area) const {
+        return person().image(area.translated(window.topLeft()));
     }
-
     bool shows(const QRect& window, QPoint corner, const QImage& expected) const {
         const QImage wanted = expected.convertToFormat(QImage::Format_RGB32);
         return image(window, {corner, wanted.size()}) == wanted;
     }
 
+    /// Waits until the window is there and its face is seen. The compositor gives a window no input
+    /// before it has drawn it, and tells of one before it has found its place.
+    QRect window(QSize size) const {
+        point_away();
+        QPoint corner(0, 0);
+        QImage face = brusbo::image(Picture::side_panel).copy(0, 0, 180, 80);
+        if (size == main_size) {
+            corner = Picture1.topLeft() + QPoint(140, 0);
+            face = brusbo::image(Picture::board).copy(140, 0, 100, 378);
+        } else if (size == farewell_size) {
+            corner = {230, 8};
+            face = QImage(50, 40, QImage::Format_RGB32);
+            face.fill(QColor(240, 240, 240));
+        }
+        return *wait_for("a window's face", [&] {
+            const auto found = compositor_.find(size);
+            return found && shows(*found, corner, face) ? found : std::nullopt;
+        });
+    }
+    void close(QSize size, const QRect& button) const {
+        click(window(size), button);
+        point_away();
+        wait_for("a window to go", [&] { return !compositor_.find(size); });
+    }
+
     /// Moves the mouse about there until the picture of the button is seen.
     void hover(const QRect& window, QPoint place, const QRect& button, Picture picture) const {
         // The compositor's arrow covers what lies to the lower right of its place.
-        const QSize uncovered = button.size() - QSize(8, 8);
-        const QImage wanted =
-            brusbo::image(picture).copy({{0, 0}, uncovered}).convertToFormat(QImage::Format_RGB32);
+        const QRect uncovered({0, 0}, button.size() - QSize(8, 8));
         wait_for("a picture under the mouse", [&] {
             // The first movement into a window only enters it.
             person().point_at(window.topLeft() + place - QPoint(1, 0));
             person().point_at(window.topLeft() + place);
-            return image(window, {button.topLeft(), uncovered}) == wanted;
+            return shows(window, button.topLeft(), brusbo::image(picture).copy(uncovered));
         });
     }
-    /// Lights a button up and leaves it, so all input before has been handled.
-    void let_it_catch_up(const QRect& window) const {
-        hover(window, mnuOm.bottomRight(), mnuOm, Picture::om_1);
-        hover(window, {300, 300}, mnuOm, Picture::om_0);
+    /// Expects the main window there when all input before has been handled: a button lights up.
+    void expect_main_at(const QRect& place) const {
+        hover(place, mnuOm.bottomRight(), mnuOm, Picture::om_1);
+        hover(place, bare_board, mnuOm, Picture::om_0);
+        EXPECT_EQ(compositor_.find(main_size), place);
     }
-
-    QImage image(const QRect& window, const QRect& area) const {
-        return person().image(area.translated(window.topLeft()));
+    /// Holds the mouse's button down and moves it by so much until the window has got there.
+    void drag_until(const std::string& what, QPoint from, QPoint by,
+                    const std::function<bool()>& is_there) const {
+        person().point_at(from);
+        person().press();
+        // The compositor moves and resizes with the movements that come after it has been asked.
+        wait_for(what, [&] {
+            person().point_at(from + by + QPoint(1, 0));
+            person().point_at(from + by);
+            return is_there();
+        });
+        person().release();
     }
 
     Desktop desktop_{Manager::none};
-    Compositor compositor_{desktop_, Compositor::Backend::x11};
+    Compositor compositor_{desktop_, "x11"};
     RunningProgram program_{desktop_, compositor_.environment()};
 };
 
-TEST_F(WaylandPlay, AThrowIsToldAndTheProgramEndsByTheFarewellWindow) {
-    const QRect main = play();
+TEST_F(WaylandPlay, FromTheStartToTheEnd) {
+    close(start_size, Starta);
+    QRect main = window(main_size);
+    program_.wait_for_sounds("s1");
     const QImage told = image(main, labMeddelande);
-    click(main.topLeft() + QPoint(57, 189));
+    click(main, {40, 170, 35, 39});
     wait_for("the message", [&] { return image(main, labMeddelande) != told; });
 
-    click(main.topLeft() + mnuOm.center());
-    click(window(about_size).topLeft() + Klar.center());
-    wait_for("the about window to go", [&] { return !compositor_.find(about_size); });
-
-    click(main.topLeft() + butAvsluta.center());
-    const QRect small = window(farewell_size);
-    const QPoint corner = small.bottomRight() - QPoint(1, 1);
-    const QPoint grown(40, 30);
-    person().point_at(corner);
-    person().press();
-    wait_for("the farewell window to grow", [&] {
-        person().point_at(corner + grown + QPoint(1, 0));
-        person().point_at(corner + grown);
-        return compositor_.find(small.size() + QSize(grown.x(), grown.y())).has_value();
-    });
-    person().release();
-    click(small.topLeft() + Stäng.center());
-    EXPECT_EQ(program_.process().exit_code(), 0);
-    EXPECT_EQ(program_.process().output(), "");
-}
-
-TEST_F(WaylandPlay, TheTitleBarMovesTheWindowByThePointersDistance) {
-    QRect main = play();
-    for (const int steps : {10, 1}) {
-        const QPoint moved(-steps * 7, steps * 5);
-        const QPoint from = main.topLeft() + grip;
-        person().point_at(from);
-        person().press();
-        for (int step = 1; step <= steps; ++step) person().point_at(from + moved * step / steps);
-        // The compositor moves the window with the movements that come after it has been asked.
-        wait_for("the window to follow", [&] {
-            person().point_at(from + moved + QPoint(1, 0));
-            person().point_at(from + moved);
-            return compositor_.find(main_size) == main.translated(moved);
-        });
-        person().release();
-        main.translate(moved);
-        let_it_catch_up(main);
-        EXPECT_EQ(compositor_.find(main_size), main);
+    for (const QPoint by : {QPoint(-70, 50), QPoint(-7, 5)}) {
+        const QRect moved = main.translated(by);
+        drag_until("the window to follow", main.topLeft() + grip, by,
+                   [&] { return compositor_.find(main_size) == moved; });
+        main = moved;
+        expect_main_at(main);
         // The next click is no longer the title bar's.
-        click(main.topLeft() + mnuOm.center());
-        click(window(about_size).topLeft() + Klar.center());
-        wait_for("the about window to go", [&] { return !compositor_.find(about_size); });
+        click(main, mnuOm);
+        close(about_size, Klar);
+        expect_main_at(main);
     }
-}
-
-TEST_F(WaylandPlay, AFastClickOnTheTitleBarDoesNotStick) {
-    const QRect main = play();
     for (int time = 0; time < 5; ++time) {
-        click(main.topLeft() + grip);
-        person().point_at(main.topLeft() + QPoint(380, 250));
-        let_it_catch_up(main);
-        EXPECT_EQ(compositor_.find(main_size), main);
+        click(main, {grip, QSize(1, 1)});
+        person().point_at(main.topLeft() + bare_board);
+        expect_main_at(main);
     }
-}
 
-TEST_F(WaylandPlay, TheMenuOpensAtTheLowerLeftCornerOfItsButton) {
-    const QRect main = play();
     hover(main, mnuArkiv.bottomRight(), mnuArkiv, Picture::arkiv_1);
-    click(main.topLeft() + mnuArkiv.center());
-    const QPoint corner = main.topLeft() + QPoint(14, 28);
-    const QRect menu = *wait_for("the menu at its place", [&] {
-        const auto found = compositor_.find_popup();
-        return found && found->topLeft() == corner ? found : std::nullopt;
+    click(main, mnuArkiv);
+    const QPoint menu = main.topLeft() + QPoint(14, 28);
+    wait_for("the menu at its place", [&] {
+        const auto popups = compositor_.popups();
+        return !popups.empty() && popups.front().topLeft() == menu;
     });
-    click(corner + QPoint(60, menu.height() / 6));
-    click(window(start_size).topLeft() + Starta.center());
-    person().point_at({998, 798});
-    wait_for("the start window to go", [&] { return !compositor_.find(start_size); });
+    person().click(menu + QPoint(60, 12));  // Nytt spel
+    close(start_size, Starta);
     const QImage normal = brusbo::image(Picture::arkiv_0);
     wait_for("the normal button", [&] { return shows(main, mnuArkiv.topLeft(), normal); });
+
+    click(main, butAvsluta);
+    const QRect farewell = window(farewell_size);
+    drag_until("the farewell window to grow", farewell.bottomRight() - QPoint(1, 1), {40, 30},
+               [&] { return compositor_.find(farewell_size + QSize(40, 30)).has_value(); });
+    click(farewell, Stäng);
+    EXPECT_EQ(program_.exit_code(), 0);
+    EXPECT_EQ(program_.output(), "");
 }
 
 }  // namespace

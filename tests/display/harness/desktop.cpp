@@ -1,20 +1,63 @@
 #include "tests/display/harness/desktop.h"
 
-#include <fcntl.h>
-#include <unistd.h>
+#include <signal.h>
+#include <sys/prctl.h>
+
+#include <fstream>
+#include <regex>
 
 namespace brusbo::display {
 
-namespace fs = std::filesystem;
+Child::Child(const std::vector<std::string>& words, const Environment& environment,
+             const std::filesystem::path& folder, const std::filesystem::path& log)
+    : log_(log) {
+    QProcessEnvironment variables;
+    for (const auto& [name, value] : environment)
+        variables.insert(QString::fromStdString(name), QString::fromStdString(value));
+    process_.setProcessEnvironment(variables);
+    process_.setWorkingDirectory(QString::fromStdString(folder));
+    process_.setProcessChannelMode(QProcess::MergedChannels);
+    process_.setStandardOutputFile(QString::fromStdString(log));
+    process_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    QStringList arguments;
+    for (const std::string& word : words) arguments += QString::fromStdString(word);
+    const QString program = arguments.takeFirst();
+    start_ = std::chrono::steady_clock::now();
+    process_.start(program, arguments);
+}
+
+Child::~Child() {
+    terminate();
+    constexpr int patience = 5000;  // milliseconds
+    if (process_.waitForFinished(patience)) return;
+    process_.kill();
+    process_.waitForFinished();
+}
+
+bool Child::runs() {
+    // The state is as of the last wait.
+    process_.waitForFinished(0);
+    return process_.state() != QProcess::NotRunning;
+}
+
+std::optional<int> Child::exit_code() {
+    wait_for("the end of a process", [this] { return !runs(); });
+    if (process_.exitStatus() != QProcess::NormalExit) return {};
+    return process_.exitCode();
+}
+
+std::string Child::output() const {
+    std::ifstream file(log_);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
 
 Desktop::Desktop(Manager manager, QSize screen) {
-    const char* const path = getenv("PATH");
-    const fs::path runtime = home_.path / "runtime";
-    fs::create_directory(runtime);
-    fs::permissions(runtime, fs::perms::owner_all);
+    const auto runtime = home() / "runtime";
+    std::filesystem::create_directory(runtime);
+    std::filesystem::permissions(runtime, std::filesystem::perms::owner_all);
     environment_ = {
-        {"PATH", path != nullptr ? path : "/usr/bin:/bin"},
-        {"HOME", home_.path},
+        {"PATH", qEnvironmentVariable("PATH", "/usr/bin:/bin").toStdString()},
+        {"HOME", home()},
         {"LC_ALL", "C.UTF-8"},
         {"XDG_RUNTIME_DIR", runtime},
         {"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + (runtime / "no-bus").string()},
@@ -24,51 +67,44 @@ Desktop::Desktop(Manager manager, QSize screen) {
     if (manager == Manager::openbox) start_openbox();
 }
 
-Child& Desktop::start(const std::string& name, const std::vector<std::string>& words,
-                      const Environment& more) {
-    Environment environment = more;
-    environment.insert(environment_.begin(), environment_.end());
-    programs_.push_back(std::make_unique<Child>(
-        Child::Command{words, environment, home_.path, home_.path / (name + ".log"), -1}));
-    return *programs_.back();
+Environment Desktop::environment(Environment more) const {
+    more.insert(environment_.begin(), environment_.end());
+    return more;
+}
+
+Child& Desktop::start(const std::vector<std::string>& words, const Environment& more) {
+    return *programs_.emplace_back(
+        std::make_unique<Child>(words, environment(more), home(), home() / (words[0] + ".log")));
 }
 
 void Desktop::start_server(QSize screen) {
-    // The server chooses a free number and tells it.
-    int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
     const std::string size =
         std::to_string(screen.width()) + 'x' + std::to_string(screen.height()) + "x24";
-    programs_.push_back(std::make_unique<Child>(Child::Command{
-        {"Xvfb", "-displayfd", "3", "-screen", "0", size, "-nolisten", "tcp", "-noreset"},
-        environment_,
-        home_.path,
-        home_.path / "xvfb.log",
-        ends[1]}));
-    close(ends[1]);
-    std::string number;
-    char letter = 0;
-    while (read(ends[0], &letter, 1) == 1 && letter != '\n') number += letter;
-    close(ends[0]);
-    if (number.empty()) throw std::runtime_error("no X server: " + programs_.back()->output());
-    environment_["DISPLAY"] = ':' + number;
-    person_ = std::make_unique<XClient>(':' + number);
+    // The server chooses a free number and writes it, alone in its line, when it is ready.
+    Child& server =
+        start({"Xvfb", "-displayfd", "1", "-screen", "0", size, "-nolisten", "tcp", "-noreset"});
+    std::smatch number;
+    std::string output;
+    wait_for("the X server", [&] {
+        if (!server.runs()) throw std::runtime_error("no X server: " + server.output());
+        output = server.output();
+        return std::regex_search(output, number, std::regex("(^|\n)(\\d+)\n"));
+    });
+    environment_["DISPLAY"] = ':' + number.str(2);
+    person_ = std::make_unique<XClient>(environment_["DISPLAY"]);
     // Away from where windows appear.
     person_->point_at({screen.width() - 1, screen.height() - 1});
 }
 
 void Desktop::start_openbox() {
-    start("openbox", {"openbox", "--sm-disable"});
+    start({"openbox", "--sm-disable"});
     // While it starts, openbox may lose windows that are shown; afterwards it takes this one.
-    xcb_connection_t* const connection = person_->connection();
-    const WindowId probe = xcb_generate_id(connection);
-    xcb_create_window(connection, XCB_COPY_FROM_PARENT, probe, person_->root(), 0, 0, 1, 1, 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    const WindowId probe = person_->create_window();
     wait_for("the window manager", [&] {
-        xcb_map_window(connection, probe);
+        xcb_map_window(person_->connection(), probe);
         return !person_->property(probe, "WM_STATE").empty();
     });
-    xcb_destroy_window(connection, probe);
+    xcb_destroy_window(person_->connection(), probe);
     wait_for("the window manager",
              [this] { return person_->property(person_->root(), "_NET_CLIENT_LIST").empty(); });
 }

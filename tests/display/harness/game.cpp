@@ -1,81 +1,106 @@
 #include "tests/display/harness/game.h"
 
+#include <sys/inotify.h>
+#include <unistd.h>
+
 #include <cmath>
 
 namespace brusbo::display {
 
+namespace fs = std::filesystem;
+
 namespace {
 
-constexpr char window_class[] = "brusbo";
-
-/// A place with a colour that nothing below the window has there. An unpainted window looks like
-/// what is below it.
+/// What tells a window from others: its size, and a place with a colour that nothing below it has
+/// there. An unpainted window looks like what is below it.
 struct Face {
     QSize size;
     QPoint spot;
     QRgb colour;
 };
 
-constexpr QRgb button_face = qRgb(255, 224, 192);
+/// In the order of Shown.
+constexpr Face faces[] = {
+    {{188, 305}, Starta.topLeft() + QPoint(8, 5), qRgb(255, 224, 192)},
+    {{570, 416}, Picture1.topLeft() + QPoint(2, 2), qRgb(200, 150, 100)},
+    {{188, 378}, Klar.topLeft() + QPoint(8, 5), qRgb(255, 224, 192)},
+    {{312, 212}, {231, 9}, qRgb(240, 240, 240)},
+    {{309, 294}, {200, 30}, qRgb(0, 0, 0)},
+};
 
-Face face_of(Shown which) {
-    switch (which) {
-        case Shown::start:
-            return {{188, 305}, Starta.topLeft() + QPoint(8, 5), button_face};
-        case Shown::main:
-            return {{570, 416}, Picture1.topLeft() + QPoint(2, 2), qRgb(200, 150, 100)};
-        case Shown::about:
-            return {{188, 378}, Klar.topLeft() + QPoint(8, 5), button_face};
-        case Shown::farewell:
-            return {{312, 212}, {231, 9}, qRgb(240, 240, 240)};
-        case Shown::winner:
-            break;
-    }
-    return {{309, 294}, {200, 30}, qRgb(0, 0, 0)};
-}
+const Face& face_of(Shown which) { return faces[static_cast<std::size_t>(which)]; }
 
-Environment with_scale(Environment environment, double scale) {
-    if (scale != 1) environment["QT_SCALE_FACTOR"] = std::to_string(scale);
-    return environment;
+fs::path fresh_copy(const char* data, const fs::path& folder) {
+    fs::remove_all(folder);
+    fs::copy(data, folder, fs::copy_options::recursive);
+    return folder;
 }
 
 }  // namespace
 
-Game::Game(const Desktop& desktop, double scale, Environment more,
-           const std::filesystem::path& program)
-    : desktop_(desktop),
-      scale_(scale),
-      program_(desktop, with_scale(std::move(more), scale), program) {}
-
-QSize Game::size_of(Shown which) const {
-    const QSizeF size = QSizeF(face_of(which).size) * scale_;
-    return {static_cast<int>(std::lround(size.width())),
-            static_cast<int>(std::lround(size.height()))};
+RunningProgram::RunningProgram(const Desktop& desktop, const Environment& more,
+                               const std::string& program)
+    : Child({program.empty() ? BRUSBO_PROGRAM : program}, desktop.environment(more),
+            fresh_copy(BRUSBO_DATA, desktop.home() / "game"), desktop.home() / "program.log"),
+      watch_(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
+    // A new object counts its watches from 1, so they have the numbers of their sounds. Without the
+    // closing in between, two plays in a row would be reported as one.
+    for (const int sound : {1, 2, 3}) {
+        const fs::path file = desktop.home() / "game" / ('s' + std::to_string(sound) + ".wav");
+        if (inotify_add_watch(watch_, file.c_str(), IN_OPEN | IN_CLOSE) != sound)
+            throw std::runtime_error("cannot see when it is opened: " + file.string());
+    }
 }
 
-WindowId Game::find(Shown which) {
-    for (const WindowId window : person().windows_of(window_class))
-        if (person().place(window).size() == size_of(which)) return window;
+RunningProgram::~RunningProgram() { close(watch_); }
+
+void RunningProgram::wait_for_sounds(const std::string& expected) {
+    std::string heard;
+    wait_for("the sounds " + expected, [&] {
+        for (inotify_event event{}; read(watch_, &event, sizeof event) == sizeof event;)
+            if ((event.mask & IN_OPEN) != 0)
+                heard += (heard.empty() ? "s" : " s") + std::to_string(event.wd);
+        return heard.size() >= expected.size();
+    });
+    if (heard != expected)
+        throw std::runtime_error("expected to hear " + expected + " but heard " + heard);
+}
+
+Game::Game(const Desktop& desktop, double scale, const Environment& more,
+           const std::string& program)
+    : desktop_(desktop), scale_(scale), program_(desktop, more, program) {}
+
+QRect Game::scaled(const QRect& area) const {
+    const auto pixels = [this](int length) {
+        return static_cast<int>(std::lround(length * scale_));
+    };
+    return {pixels(area.x()), pixels(area.y()), pixels(area.width()), pixels(area.height())};
+}
+
+WindowId Game::find(Shown which) const {
+    const QSize size = scaled({{}, face_of(which).size}).size();
+    for (const WindowId window : person().windows_of("brusbo"))
+        if (person().place(window).size() == size) return window;
     return 0;
 }
 
 WindowId Game::window(Shown which) {
+    const Face& face = face_of(which);
     return wait_for("window " + std::to_string(static_cast<int>(which)), [&]() -> WindowId {
-        if (!program_.process().runs())
-            throw std::runtime_error("the program has ended: " + program_.process().output());
+        if (!program_.runs())
+            throw std::runtime_error("the program has ended: " + program_.output());
         const WindowId window = find(which);
         if (window == 0) return 0;
-        const Face face = face_of(which);
-        const QImage spot = person().image({at(window, QPointF(face.spot)), QSize(1, 1)});
+        const QImage spot = person().image({at(window, face.spot), QSize(1, 1)});
         return !spot.isNull() && spot.pixel(0, 0) == face.colour ? window : 0;
     });
 }
 
-void Game::wait_until_gone(Shown which) {
+void Game::wait_until_gone(Shown which) const {
     wait_for("a window to go", [&] { return find(which) == 0; });
 }
 
-WindowId Game::menu() {
+WindowId Game::menu() const {
     // It takes no clicks beside it before it is painted: light grey, on a window without that.
     const auto is_painted = [&](WindowId window) {
         const QPoint blank = person().place(window).topRight() + QPoint(-5, 5);
@@ -85,11 +110,8 @@ WindowId Game::menu() {
         return qBlue(colour) > 200 && qRed(colour) == qBlue(colour);
     };
     return wait_for("the menu", [&]() -> WindowId {
-        for (const WindowId window : person().windows_of(window_class))
-            if (person().is_unmanaged(window) &&
-                !person().has_atom(window, "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_TOOLTIP") &&
-                is_painted(window))
-                return window;
+        for (const WindowId window : person().windows_of("brusbo"))
+            if (person().property(window, "WM_STATE").empty() && is_painted(window)) return window;
         return 0;
     });
 }
@@ -99,11 +121,11 @@ WindowId Game::play() {
     const WindowId main = window(Shown::main);
     wait_until_gone(Shown::start);
     if (scale_ == 1) wait_for_picture(main, butAvsluta.topLeft(), Picture::close_0);
-    program_.wait_for_sounds({"s1.wav"});
+    program_.wait_for_sounds("s1");
     return main;
 }
 
-void Game::throw_die(WindowId main) {
+void Game::throw_die(WindowId main) const {
     const QImage before = image(main, labMeddelande);
     const auto die = wait_for("the die", [&]() -> std::optional<QPoint> {
         // White pips' ground, wherever the last throw left the die.
@@ -117,26 +139,8 @@ void Game::throw_die(WindowId main) {
     wait_for_change("the message after a throw", main, labMeddelande, before);
 }
 
-QRect Game::scaled(const QRect& area) const {
-    const QPointF corner = QPointF(area.topLeft()) * scale_;
-    const QSizeF size = QSizeF(area.size()) * scale_;
-    return {static_cast<int>(std::lround(corner.x())), static_cast<int>(std::lround(corner.y())),
-            static_cast<int>(std::lround(size.width())),
-            static_cast<int>(std::lround(size.height()))};
-}
-
-QPoint Game::at(WindowId window, QPointF place) const {
-    return person().place(window).topLeft() +
-           QPoint(static_cast<int>(std::floor((place.x() + 0.5) * scale_)),
-                  static_cast<int>(std::floor((place.y() + 0.5) * scale_)));
-}
-
 QPoint Game::at(WindowId window, const QRect& area) const {
-    return at(window, QPointF(area.center()));
-}
-
-void Game::click(WindowId window, const QRect& area, int button) const {
-    person().click(at(window, area), button);
+    return person().place(window).topLeft() + scaled(area).center();
 }
 
 void Game::enter(WindowId window, const QRect& area) {

@@ -2,11 +2,9 @@
 
 #include <xcb/xtest.h>
 
+#include <algorithm>
 #include <cstdlib>
-#include <cstring>
-#include <stdexcept>
-
-#include "tests/display/harness/waiting.h"
+#include <span>
 
 namespace brusbo::display {
 
@@ -16,10 +14,22 @@ struct Free {
     void operator()(void* memory) const { std::free(memory); }
 };
 
-/// Takes a reply; null where the server answers with an error.
-template <typename Reply>
-std::unique_ptr<Reply, Free> own(Reply* reply) {
-    return std::unique_ptr<Reply, Free>(reply);
+/// Waits for the reply to a request; null where the server answers with an error.
+template <auto take_reply>
+auto ask(const XClient& client, auto request) {
+    auto* const reply = take_reply(client.connection(), request, nullptr);
+    return std::unique_ptr<std::remove_pointer_t<decltype(reply)>, Free>(reply);
+}
+
+/// The values of a property that has values of this size.
+template <typename Value>
+std::vector<Value> values(const XClient& client, WindowId window, xcb_atom_t property) {
+    const auto reply = ask<xcb_get_property_reply>(
+        client, xcb_get_property(client.connection(), 0, window, property,
+                                 XCB_GET_PROPERTY_TYPE_ANY, 0, 256));
+    if (!reply || reply->format != 8 * sizeof(Value)) return {};
+    const auto* const first = static_cast<const Value*>(xcb_get_property_value(reply.get()));
+    return {first, first + reply->value_len};
 }
 
 }  // namespace
@@ -31,55 +41,50 @@ XClient::XClient(const std::string& display) : connection_(xcb_connect(display.c
 }
 
 xcb_atom_t XClient::atom(const std::string& name) const {
-    const auto cookie =
-        xcb_intern_atom(connection(), 0, static_cast<std::uint16_t>(name.size()), name.c_str());
-    return own(xcb_intern_atom_reply(connection(), cookie, nullptr))->atom;
+    const auto length = static_cast<std::uint16_t>(name.size());
+    const auto request = xcb_intern_atom(connection(), 0, length, name.c_str());
+    return ask<xcb_intern_atom_reply>(*this, request)->atom;
+}
+
+WindowId XClient::create_window() const {
+    const WindowId window = xcb_generate_id(connection());
+    xcb_create_window(connection(), XCB_COPY_FROM_PARENT, window, root(), 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    return window;
 }
 
 QImage XClient::image(const QRect& area) const {
     const QRect seen = area & QRect({0, 0}, size());
-    const auto cookie = xcb_get_image(
+    const auto request = xcb_get_image(
         connection(), XCB_IMAGE_FORMAT_Z_PIXMAP, root(), static_cast<std::int16_t>(seen.x()),
         static_cast<std::int16_t>(seen.y()), static_cast<std::uint16_t>(seen.width()),
         static_cast<std::uint16_t>(seen.height()), ~0U);
-    const auto reply = own(xcb_get_image_reply(connection(), cookie, nullptr));
+    const auto reply = ask<xcb_get_image_reply>(*this, request);
     if (!reply) return {};
     const QImage pixels(xcb_get_image_data(reply.get()), seen.width(), seen.height(),
                         4 * seen.width(), QImage::Format_RGB32);
     return pixels.copy();
 }
 
-void XClient::fake(std::uint8_t type, std::uint8_t detail, QPoint place) const {
-    xcb_test_fake_input(connection(), type, detail, XCB_CURRENT_TIME, root(),
-                        static_cast<std::int16_t>(place.x()), static_cast<std::int16_t>(place.y()),
-                        0);
+void XClient::fake(std::uint8_t type, int detail, QPoint place) const {
+    xcb_test_fake_input(connection(), type, static_cast<std::uint8_t>(detail), XCB_CURRENT_TIME,
+                        root(), static_cast<std::int16_t>(place.x()),
+                        static_cast<std::int16_t>(place.y()), 0);
     synchronise();
 }
 
-void XClient::synchronise() const {
-    own(xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr));
-}
-
-void XClient::point_at(QPoint place) const { fake(XCB_MOTION_NOTIFY, 0, place); }
-
-void XClient::press(int button) const { fake(XCB_BUTTON_PRESS, static_cast<std::uint8_t>(button)); }
-
-void XClient::release(int button) const {
-    fake(XCB_BUTTON_RELEASE, static_cast<std::uint8_t>(button));
-}
-
-void XClient::click(QPoint place, int button) const {
+void XClient::click(QPoint place) const {
     point_at(place);
-    press(button);
-    release(button);
+    press();
+    release();
 }
 
 void XClient::wait_for_free_pointer() const {
     wait_for("the pointer", [this] {
-        const auto cookie =
+        const auto request =
             xcb_grab_pointer(connection(), 0, root(), 0, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC,
                              XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
-        const auto reply = own(xcb_grab_pointer_reply(connection(), cookie, nullptr));
+        const auto reply = ask<xcb_grab_pointer_reply>(*this, request);
         return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
     });
     xcb_ungrab_pointer(connection(), XCB_CURRENT_TIME);
@@ -87,111 +92,46 @@ void XClient::wait_for_free_pointer() const {
 }
 
 void XClient::type(const std::vector<Key>& keys) const {
-    for (auto key = keys.begin(); key != keys.end(); ++key) fake(XCB_KEY_PRESS, key_code(*key));
-    for (auto key = keys.rbegin(); key != keys.rend(); ++key) fake(XCB_KEY_RELEASE, key_code(*key));
-}
-
-std::uint8_t XClient::key_code(Key key) const {
-    const xcb_setup_t* const setup = xcb_get_setup(connection());
-    const int first = setup->min_keycode;
-    const int count = setup->max_keycode - first + 1;
-    const auto cookie = xcb_get_keyboard_mapping(connection(), setup->min_keycode,
-                                                 static_cast<std::uint8_t>(count));
-    const auto reply = own(xcb_get_keyboard_mapping_reply(connection(), cookie, nullptr));
-    const xcb_keysym_t* const symbols = xcb_get_keyboard_mapping_keysyms(reply.get());
-    for (int code = 0; code < count; ++code)
-        if (symbols[code * reply->keysyms_per_keycode] == key)
-            return static_cast<std::uint8_t>(first + code);
-    throw std::runtime_error("the keyboard lacks a key");
-}
-
-std::vector<WindowId> XClient::children(WindowId window) const {
-    const auto reply =
-        own(xcb_query_tree_reply(connection(), xcb_query_tree(connection(), window), nullptr));
-    if (!reply) return {};
-    const WindowId* const first = xcb_query_tree_children(reply.get());
-    return {first, first + xcb_query_tree_children_length(reply.get())};
-}
-
-void XClient::collect(WindowId window, const std::string& window_class,
-                      std::vector<WindowId>& found) const {
-    for (const WindowId child : children(window)) {
-        const auto cookie =
-            xcb_get_property(connection(), 0, child, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, 64);
-        const auto reply = own(xcb_get_property_reply(connection(), cookie, nullptr));
-        if (!reply) continue;
-        const std::string text(
-            static_cast<const char*>(xcb_get_property_value(reply.get())),
-            static_cast<std::size_t>(xcb_get_property_value_length(reply.get())));
-        if (text.find(window_class + '\0') == 0) {
-            if (is_viewable(child)) found.push_back(child);
-        } else {
-            collect(child, window_class, found);
-        }
-    }
+    for (auto key = keys.begin(); key != keys.end(); ++key) fake(XCB_KEY_PRESS, *key);
+    for (auto key = keys.rbegin(); key != keys.rend(); ++key) fake(XCB_KEY_RELEASE, *key);
 }
 
 std::vector<WindowId> XClient::windows_of(const std::string& window_class) const {
     std::vector<WindowId> found;
-    collect(root(), window_class, found);
+    std::vector<WindowId> others{root()};
+    while (!others.empty()) {
+        const auto tree =
+            ask<xcb_query_tree_reply>(*this, xcb_query_tree(connection(), others.back()));
+        others.pop_back();
+        if (!tree) continue;
+        for (const WindowId child :
+             std::span(xcb_query_tree_children(tree.get()), tree->children_len)) {
+            const auto name = values<char>(*this, child, XCB_ATOM_WM_CLASS);
+            const auto state = ask<xcb_get_window_attributes_reply>(
+                *this, xcb_get_window_attributes(connection(), child));
+            if (std::string(name.begin(), std::ranges::find(name, '\0')) != window_class)
+                others.push_back(child);
+            else if (state && state->map_state == XCB_MAP_STATE_VIEWABLE)
+                found.push_back(child);
+        }
+    }
     return found;
 }
 
-bool XClient::is_viewable(WindowId window) const {
-    const auto cookie = xcb_get_window_attributes(connection(), window);
-    const auto reply = own(xcb_get_window_attributes_reply(connection(), cookie, nullptr));
-    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
-}
-
-bool XClient::is_unmanaged(WindowId window) const {
-    const auto cookie = xcb_get_window_attributes(connection(), window);
-    const auto reply = own(xcb_get_window_attributes_reply(connection(), cookie, nullptr));
-    return reply && reply->override_redirect != 0;
-}
-
 QRect XClient::place(WindowId window) const {
-    const auto size =
-        own(xcb_get_geometry_reply(connection(), xcb_get_geometry(connection(), window), nullptr));
-    const auto cookie = xcb_translate_coordinates(connection(), window, root(), 0, 0);
-    const auto corner = own(xcb_translate_coordinates_reply(connection(), cookie, nullptr));
+    const auto size = ask<xcb_get_geometry_reply>(*this, xcb_get_geometry(connection(), window));
+    const auto corner = ask<xcb_translate_coordinates_reply>(
+        *this, xcb_translate_coordinates(connection(), window, root(), 0, 0));
     if (!size || !corner) return {};
     return {corner->dst_x, corner->dst_y, size->width, size->height};
 }
 
 std::vector<std::uint32_t> XClient::property(WindowId window, const std::string& name) const {
-    const auto cookie =
-        xcb_get_property(connection(), 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, 256);
-    const auto reply = own(xcb_get_property_reply(connection(), cookie, nullptr));
-    if (!reply || reply->format != 32) return {};
-    std::vector<std::uint32_t> values(reply->value_len);
-    std::memcpy(values.data(), xcb_get_property_value(reply.get()), 4 * values.size());
-    return values;
-}
-
-bool XClient::has_atom(WindowId window, const std::string& name, const std::string& value) const {
-    const xcb_atom_t wanted = atom(value);
-    for (const std::uint32_t found : property(window, name))
-        if (found == wanted) return true;
-    return false;
-}
-
-std::string XClient::title(WindowId window) const {
-    const auto cookie = xcb_get_property(connection(), 0, window, atom("_NET_WM_NAME"),
-                                         XCB_GET_PROPERTY_TYPE_ANY, 0, 256);
-    const auto reply = own(xcb_get_property_reply(connection(), cookie, nullptr));
-    if (!reply) return {};
-    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
-            static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
+    return values<std::uint32_t>(*this, window, atom(name));
 }
 
 WindowId XClient::focus() const {
-    return own(xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr))
-        ->focus;
-}
-
-void XClient::give_focus(WindowId window) const {
-    xcb_set_input_focus(connection(), XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
-    synchronise();
+    return ask<xcb_get_input_focus_reply>(*this, xcb_get_input_focus(connection()))->focus;
 }
 
 void XClient::send(WindowId to, WindowId about, const std::string& message,
@@ -201,14 +141,13 @@ void XClient::send(WindowId to, WindowId about, const std::string& message,
     event.format = 32;
     event.window = about;
     event.type = atom(message);
-    for (std::size_t i = 0; i < data.size(); ++i) event.data.data32[i] = data[i];
+    std::ranges::copy(data, event.data.data32);
     xcb_send_event(connection(), 0, to, mask, reinterpret_cast<const char*>(&event));
     synchronise();
 }
 
 void XClient::request_close(WindowId window) const {
-    send(window, window, "WM_PROTOCOLS", {atom("WM_DELETE_WINDOW"), XCB_CURRENT_TIME},
-         XCB_EVENT_MASK_NO_EVENT);
+    send(window, window, "WM_PROTOCOLS", {atom("WM_DELETE_WINDOW"), XCB_CURRENT_TIME}, 0);
 }
 
 void XClient::ask_manager(WindowId window, const std::string& message,
