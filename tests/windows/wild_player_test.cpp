@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 #include <QWindow>
 
 #include "tests/windows/stage.h"
@@ -94,7 +95,7 @@ class WildPlayer : public Stage, public testing::WithParamInterface<int> {
             if (child->isVisible() && !child->isWindow()) children.push_back(child);
         QWidget& element = *one_of(children);
         const QPoint place(below(top.width() + 9) - 4, below(top.height()));
-        const int what = below(10);
+        const int what = below(11);
         log_ += std::to_string(what) + " on " +
                 (top.objectName() + "/" + element.objectName() + "\n").toStdString();
         if (what > 6 && blocked_by_modal(top)) return;
@@ -113,6 +114,8 @@ class WildPlayer : public Stage, public testing::WithParamInterface<int> {
             QCoreApplication::postEvent(top.windowHandle(), new QCloseEvent);
         else if (what == 8 && element.inherits("QAbstractButton"))
             static_cast<QAbstractButton&>(element).click();
+        else if (what == 9)
+            turn_wheel(top, place);
         else
             top.activateWindow();
     }
@@ -124,6 +127,13 @@ class WildPlayer : public Stage, public testing::WithParamInterface<int> {
         const QString text = key < 0x80 ? QString(QChar(key)) : QString();
         for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
             qt_handleKeyEvent(top.windowHandle(), type, key, {}, text, false, 1);
+    }
+
+    static void turn_wheel(QWidget& top, QPoint place) {
+        QCoreApplication::postEvent(
+            top.windowHandle(),
+            new QWheelEvent(place, top.mapToGlobal(place), {}, {0, 120}, Qt::NoButton,
+                            Qt::NoModifier, Qt::NoScrollPhase, false));
     }
 
     static void act_accessibly(QWidget& element) {
