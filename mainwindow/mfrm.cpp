@@ -130,7 +130,7 @@ void MFrm::mnuOm_Click() {
 }
 
 void MFrm::butMini_Click() {
-    showMinimized();
+    minimise();
     Spela_ljud(sound_click);
     picture_buttons_->Rel();
 }

@@ -38,6 +38,13 @@ void Window::show_active() {
     became_active();
 }
 
+void Window::minimise() {
+    // Qt minimises no window that it takes for minimised, and may not have heard yet that it has
+    // come back.
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    showMinimized();
+}
+
 void Window::show_modal() {
     Window* const below = active_window;
     setWindowModality(Qt::ApplicationModal);

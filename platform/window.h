@@ -19,6 +19,8 @@ class Window : public QWidget {
     /// Shows the window, or brings it up, and makes it the active one.
     void show_active();
 
+    void minimise();
+
     /// Shows the window modally, in front of the window that was active, and returns when it has
     /// been hidden. Must run inside an action of the InputGate.
     void show_modal();
