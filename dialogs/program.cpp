@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QPalette>
+#include <QPixmapCache>
 #include <QStyleFactory>
 #include <QThreadPool>
 #include <exception>
@@ -97,8 +98,10 @@ void prepare_application() {
     QApplication::setQuitOnLastWindowClosed(false);
     // A blinking cursor would wake the program twice a second.
     QApplication::setCursorFlashTime(0);
-    // Threads that Qt paints with would wake up once more, to end, when half a minute has passed.
+    // Threads that Qt paints with would wake up once more, to end, when half a minute has passed,
+    // and so would its cache of pixmaps, to be looked over; the game's pictures are not in it.
     QThreadPool::globalInstance()->setExpiryTimeout(-1);
+    QPixmapCache::setCacheLimit(0);
     install_accessible_buttons();
 }
 
