@@ -24,14 +24,15 @@ Window::Window(const char* name, const char* caption, Qt::WindowFlags flags, QSi
     setWindowTitle(QString::fromUtf8(caption));
     setFont(brusbo::font(Font::regular));
     setFixedSize(client);
+    // Made now for every window, so that all are placed alike.
+    winId();
     // Some desktops hide a tool window while another program is active, which would leave the
     // players without the only window there is; a dialog stays.
-    winId();
     if (windowType() == Qt::Tool) setAttribute(Qt::WA_X11NetWmWindowTypeDialog);
 }
 
 void Window::show_active() {
-    if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
+    setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     activateWindow();

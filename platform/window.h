@@ -19,6 +19,7 @@ class Window : public QWidget {
     /// Shows the window, or brings it up, and makes it the active one.
     void show_active();
 
+    /// Leaves the window to the task bar, also where it has only just come back from it.
     void minimise();
 
     /// Shows the window modally, in front of the window that was active, and returns when it has

@@ -175,9 +175,7 @@ TEST_F(HeardSound, AThrowAndSixEvenStepsOfTheGameSoundOnceAndWhole) {
     // What the platform cannot do is no matter.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     int count = 1;
-    char name[] = "brusbo";
-    char* arguments[] = {name, nullptr};
-    QApplication application(count, arguments);
+    QApplication application(count, &program_invocation_name);
     prepare_application();
     Sixes game;
     const auto press = [](const char* button) {
