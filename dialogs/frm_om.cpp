@@ -2,7 +2,7 @@
 
 #include <QPainter>
 
-#include "engine/sound.h"
+#include "engine/spela_ljud.h"
 #include "platform/input_gate.h"
 
 namespace brusbo {
@@ -69,7 +69,7 @@ void frmOm::Klar_Click() {
 
 void frmOm::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paint(painter, Picture::side_panel, {0, 0});
+    paint_picture(painter, Picture::side_panel, {0, 0});
 }
 
 }  // namespace brusbo

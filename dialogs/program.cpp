@@ -34,8 +34,8 @@ void Program::load() {
         QApplication::setWindowIcon(program_icon());
         Startfrm_->Form_Load();
         MFrm_ = std::make_unique<MFrm>(*this);
-        elements_ = std::make_unique<MFrmElements>(*MFrm_);
-        connect(*elements_, *this);
+        screen_ = std::make_unique<MFrmScreen>(*MFrm_);
+        set_world(*screen_, *this);
         try {
             MFrm_->Form_Load();
         } catch (const std::exception& error) {
@@ -50,7 +50,7 @@ void Program::play_sound(std::string_view file_name) {
     sound_.play(QDir::current().filePath(name));
 }
 
-void Program::pause(int milliseconds) { brusbo::pause(milliseconds); }
+void Program::pause(int milliseconds) { paint_and_wait(milliseconds); }
 
 double Program::time_of_day() { return brusbo::time_of_day(); }
 
@@ -93,7 +93,7 @@ void Program::show_Slut() {
 void prepare_application() {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(QPalette(QColor(240, 240, 240)));
-    QApplication::setFont(font(Font::regular));
+    QApplication::setFont(window_font(Font::regular));
     QGuiApplication::setDesktopFileName(QStringLiteral("brusbo"));
     QApplication::setQuitOnLastWindowClosed(false);
     // A blinking cursor would wake the program twice a second.

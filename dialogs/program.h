@@ -8,7 +8,7 @@
 #include "dialogs/startfrm.h"
 #include "engine/services.h"
 #include "mainwindow/mfrm.h"
-#include "mainwindow/mfrm_elements.h"
+#include "mainwindow/mfrm_screen.h"
 #include "platform/input_gate.h"
 #include "platform/random.h"
 #include "platform/sound.h"
@@ -47,7 +47,7 @@ class Program : public Services, public OtherWindows {
     Sound sound_;
     std::unique_ptr<Startfrm> Startfrm_;
     std::unique_ptr<MFrm> MFrm_;
-    std::unique_ptr<MFrmElements> elements_;
+    std::unique_ptr<MFrmScreen> screen_;
     std::unique_ptr<Grattis> Grattis_;
     std::unique_ptr<Slut> Slut_;
 };

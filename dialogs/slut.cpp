@@ -5,7 +5,7 @@
 #include <QPlainTextEdit>
 #include <QScrollBar>
 
-#include "engine/sound.h"
+#include "engine/spela_ljud.h"
 #include "platform/ending.h"
 #include "platform/input_gate.h"
 #include "platform/system_grip.h"
@@ -46,7 +46,7 @@ Slut::Slut() : Window("Slut", "", Qt::Window | Qt::FramelessWindowHint, client_a
     set_up(*text, Text);
     text->setReadOnly(true);
     text->setContextMenuPolicy(Qt::NoContextMenu);
-    text->setFont(brusbo::font(Font::regular));
+    text->setFont(window_font(Font::regular));
     // The last line break makes a ninth, empty line, which must not let the text scroll, neither by
     // wheel nor by selecting.
     text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -130,7 +130,7 @@ void Startfrm::Starta_Click() {
 
 void Startfrm::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paint(painter, Picture::side_panel, {0, 0});
+    paint_picture(painter, Picture::side_panel, {0, 0});
     if (painted_) std::exchange(painted_, {})();
 }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "engine/sound.h"
+#include "engine/spela_ljud.h"
 #include "engine/state.h"
 #include "engine/world.h"
 

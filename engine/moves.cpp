@@ -3,7 +3,7 @@
 #include "engine/die.h"
 #include "engine/knocking.h"
 #include "engine/markings.h"
-#include "engine/sound.h"
+#include "engine/spela_ljud.h"
 #include "engine/state.h"
 #include "engine/turn.h"
 #include "engine/world.h"

@@ -4,7 +4,7 @@
 
 #include "engine/die.h"
 #include "engine/moves.h"
-#include "engine/sound.h"
+#include "engine/spela_ljud.h"
 #include "engine/state.h"
 
 namespace brusbo {

@@ -6,7 +6,7 @@
 #include "engine/die.h"
 #include "engine/markings.h"
 #include "engine/new_game.h"
-#include "engine/sound.h"
+#include "engine/spela_ljud.h"
 #include "engine/state.h"
 #include "engine/world.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/elements.h"
+#include "engine/screen.h"
 
 namespace brusbo {
 

@@ -6,18 +6,18 @@
 namespace brusbo {
 
 namespace {
-Elements* connected_elements = nullptr;
+Screen* connected_screen = nullptr;
 Services* connected_services = nullptr;
 }  // namespace
 
-void connect(Elements& elements, Services& services) {
-    connected_elements = &elements;
+void set_world(Screen& screen, Services& services) {
+    connected_screen = &screen;
     connected_services = &services;
 }
 
-Elements& screen() {
-    assert(connected_elements != nullptr);
-    return *connected_elements;
+Screen& screen() {
+    assert(connected_screen != nullptr);
+    return *connected_screen;
 }
 
 Services& services() {

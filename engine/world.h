@@ -3,16 +3,16 @@
 #include <initializer_list>
 #include <string_view>
 
-#include "engine/elements.h"
+#include "engine/screen.h"
 #include "engine/services.h"
 
 namespace brusbo {
 
 /// Gives the rules their screen and their services. Both must outlive every later call of a
 /// rule; calling a rule before is a programming error and stops the program.
-void connect(Elements& elements, Services& services);
+void set_world(Screen& screen, Services& services);
 
-Elements& screen();
+Screen& screen();
 Services& services();
 
 /// The parts one after another, in a buffer that the next call reuses: text of a step without an

@@ -19,7 +19,7 @@ GameMenu::GameMenu(QWidget* parent)
     setObjectName(QStringLiteral("aaa"));
     setTitle(QStringLiteral("Arkiv"));
     setAccessibleName(title());
-    setFont(brusbo::font(Font::regular));
+    setFont(window_font(Font::regular));
     addSeparator()->setObjectName(QStringLiteral("nada"));
     mnuAvsluta = addAction(QStringLiteral("Avsluta"));
 

@@ -23,14 +23,14 @@ class OtherWindows {
     virtual void show_Slut() = 0;
 };
 
-/// The main window with its elements. What they show is the rules' business (MFrmElements).
+/// The main window with its elements. What they show is the rules' business (MFrmScreen).
 class MFrm : public Window {
    public:
     explicit MFrm(OtherWindows& other_windows);
     ~MFrm() override;
 
     /// Reads the positions file and gives the elements their pictures; throws as
-    /// Ladda_Positioner does. Once, after `connect`.
+    /// Ladda_Positioner does. Once, after `set_world`.
     void Form_Load();
 
     // The elements that the rules write to.

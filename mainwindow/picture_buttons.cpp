@@ -4,7 +4,7 @@
 #include <QCursor>
 #include <QMouseEvent>
 
-#include "engine/sound.h"
+#include "engine/spela_ljud.h"
 #include "mainwindow/picture_stores.h"
 #include "platform/input_gate.h"
 

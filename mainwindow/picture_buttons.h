@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QPoint>
 
-#include "engine/elements.h"
+#include "engine/screen.h"
 #include "platform/elements.h"
 
 namespace brusbo {

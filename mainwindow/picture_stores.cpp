@@ -43,7 +43,7 @@ PictureStores::PictureStores(QWidget* board) : QWidget(board) {
             const QByteArray name =
                 row.count == 1 ? QByteArray(row.name)
                                : QByteArray(row.name) + '(' + QByteArray::number(index) + ')';
-            const QSize extent = brusbo::size(picture);
+            const QSize extent = picture_size(picture);
             new Image(this, {name.constData(), {0, 0, extent.width(), extent.height()}}, picture);
         }
     }

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "engine/elements.h"
+#include "engine/screen.h"
 #include "platform/pictures.h"
 
 namespace brusbo {

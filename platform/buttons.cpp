@@ -42,7 +42,7 @@ void paint_focus(QPainter& painter, const QRect& box) {
 LabelButton::LabelButton(QWidget* parent, const ElementLook& look, const char* text, QColor face)
     : QAbstractButton(parent), face_(face) {
     setText(QString::fromUtf8(text));
-    setFont(brusbo::font(Font::regular));
+    setFont(window_font(Font::regular));
     setFocusPolicy(Qt::NoFocus);
     set_up(*this, look);
 }
@@ -59,7 +59,7 @@ CommandButton::CommandButton(QWidget* parent, const ElementLook& look, const cha
                              QColor face, Font text_font)
     : QAbstractButton(parent), face_(face) {
     setText(QString::fromUtf8(text));
-    setFont(brusbo::font(text_font));
+    setFont(window_font(text_font));
     setFocusPolicy(Qt::StrongFocus);
     set_up(*this, look);
 }

@@ -9,7 +9,7 @@ namespace brusbo {
 Label::Label(QWidget* parent, const ElementLook& element, const Look& look, const char* text)
     : QLabel(parent), look_(look), accessible_(QString::fromUtf8(element.accessible)) {
     setTextFormat(Qt::PlainText);
-    setFont(brusbo::font(look.font));
+    setFont(window_font(look.font));
     setAlignment(look.alignment | Qt::AlignTop | Qt::AlignAbsolute);
     setWordWrap(look.wraps);
     set_colour(QColor::fromRgb(look.colour));
@@ -32,7 +32,7 @@ void Label::set_colour(QColor colour) {
 
 void Label::fit() {
     shown_ = text();
-    QFont fitted = brusbo::font(look_.font);
+    QFont fitted = window_font(look_.font);
     if (!look_.wraps) {
         constexpr int smallest = 8;  // pixels
         const int width = look_.text_width > 0 ? look_.text_width : this->width();
@@ -52,7 +52,7 @@ void Label::paintEvent(QPaintEvent*) {
     if (look_.wraps) flags |= Qt::TextWordWrap;
     // A line in a smaller size keeps the baseline of the full one.
     const int lower =
-        QFontMetrics(brusbo::font(look_.font)).ascent() - QFontMetrics(font()).ascent();
+        QFontMetrics(window_font(look_.font)).ascent() - QFontMetrics(font()).ascent();
     painter.drawText(rect().translated(0, lower), flags, shown_);
 }
 

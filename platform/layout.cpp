@@ -2,7 +2,7 @@
 
 namespace brusbo {
 
-QFont font(Font which) {
+QFont window_font(Font which) {
     const int pixels = which == Font::heading_bold                         ? 24
                        : which == Font::large || which == Font::large_bold ? 13
                                                                            : 11;

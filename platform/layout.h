@@ -30,6 +30,6 @@ enum class Font {
     heading_bold  ///< 18 points
 };
 
-QFont font(Font font);
+QFont window_font(Font font);
 
 }  // namespace brusbo

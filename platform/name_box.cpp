@@ -33,7 +33,7 @@ class NameLength : public QValidator {
 }  // namespace
 
 NameBox::NameBox(QWidget* parent, const ElementLook& look, const char* text) : QLineEdit(parent) {
-    setFont(brusbo::font(Font::regular));
+    setFont(window_font(Font::regular));
     setText(QString::fromUtf8(text));
     setValidator(new NameLength(this));
     // The toolkit's own menu would speak English.

@@ -25,7 +25,7 @@ void show_changes() {
 
 }  // namespace
 
-void pause(int milliseconds) {
+void paint_and_wait(int milliseconds) {
     using std::chrono::steady_clock;
     static unsigned last_action = 0;
     static steady_clock::time_point last_deadline;

@@ -6,6 +6,6 @@ namespace brusbo {
 /// is left to the InputGate, inside one of whose actions this must run. Within one action pauses
 /// are counted from deadline to deadline, so that the time between them, painting included, does
 /// not add to them.
-void pause(int milliseconds);
+void paint_and_wait(int milliseconds);
 
 }  // namespace brusbo

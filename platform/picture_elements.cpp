@@ -17,7 +17,7 @@ void Image::set_picture(Picture picture) {
 void Image::paintEvent(QPaintEvent*) {
     if (!picture_) return;
     QPainter painter(this);
-    paint(painter, *picture_, {0, 0});
+    paint_picture(painter, *picture_, {0, 0});
 }
 
 PictureButton::PictureButton(QWidget* parent, const ElementLook& look,
@@ -35,7 +35,7 @@ void PictureButton::set_picture(Picture picture) {
 void PictureButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     if (picture_)
-        paint(painter, *picture_, {0, 0});
+        paint_picture(painter, *picture_, {0, 0});
     else
         painter.fillRect(rect(), Qt::black);
 }

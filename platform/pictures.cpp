@@ -89,9 +89,9 @@ std::pair<int, int> whole_and_phase(double position) {
 
 }  // namespace
 
-QSize size(Picture picture) { return {entry(picture).width, entry(picture).height}; }
+QSize picture_size(Picture picture) { return {entry(picture).width, entry(picture).height}; }
 
-void paint(QPainter& painter, Picture picture, QPoint at) {
+void paint_picture(QPainter& painter, Picture picture, QPoint at) {
     const QTransform& device = painter.deviceTransform();
     if (device.type() <= QTransform::TxTranslate) {
         const QPointF place = device.map(QPointF(at));
@@ -103,7 +103,7 @@ void paint(QPainter& painter, Picture picture, QPoint at) {
     const bool upright_and_uniform = device.type() <= QTransform::TxScale && device.m11() > 0 &&
                                      qFuzzyCompare(device.m11(), device.m22());
     if (!upright_and_uniform) {
-        painter.drawImage(QRectF(at, QSizeF(size(picture))), stored(picture));
+        painter.drawImage(QRectF(at, QSizeF(picture_size(picture))), stored(picture));
         return;
     }
     const QPointF place = device.map(QPointF(at));
@@ -117,7 +117,7 @@ void paint(QPainter& painter, Picture picture, QPoint at) {
     painter.restore();
 }
 
-QImage image(Picture picture, double ratio) {
+QImage picture_image(Picture picture, double ratio) {
     if (qFuzzyCompare(ratio, 1.0)) {
         return stored(picture);
     }

@@ -49,7 +49,7 @@ constexpr Picture nth(Picture first, int index) {
 }
 
 // In device-independent pixels.
-QSize size(Picture picture);
+QSize picture_size(Picture picture);
 
 // Paints the picture with its top left corner at `at` (logical coordinates of the painter). Where
 // one logical pixel is one device pixel the stored 1:1 picture is copied; elsewhere the vector
@@ -57,15 +57,15 @@ QSize size(Picture picture);
 // lands, so pictures keep their exact places relative to each other and nothing is interpolated.
 // Renderings are kept. Without the SVG image plugin the 1:1 picture is scaled smoothly instead.
 // GUI thread only.
-void paint(QPainter& painter, Picture picture, QPoint at);
+void paint_picture(QPainter& painter, Picture picture, QPoint at);
 
 // The picture for `ratio` device pixels to the logical one, with that device pixel ratio set.
-QImage image(Picture picture, double ratio = 1.0);
+QImage picture_image(Picture picture, double ratio = 1.0);
 
 // The program's icon, for every window.
 QIcon program_icon();
 
-// Forgets the renderings kept by paint().
+// Forgets the renderings kept by paint_picture().
 void clear_picture_cache();
 
 }  // namespace brusbo

@@ -22,7 +22,7 @@ Window::Window(const char* name, const char* caption, Qt::WindowFlags flags, QSi
     : QWidget(nullptr, flags) {
     setObjectName(QString::fromUtf8(name));
     setWindowTitle(QString::fromUtf8(caption));
-    setFont(brusbo::font(Font::regular));
+    setFont(window_font(Font::regular));
     setFixedSize(client);
     // Made now for every window, so that all are placed alike.
     winId();

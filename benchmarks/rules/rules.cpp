@@ -34,7 +34,7 @@ namespace {
 using namespace brusbo;
 
 /// Counts steps and throws; shows nothing, waits for nothing.
-class Silent final : public Elements, public Services {
+class Silent final : public Screen, public Services {
    public:
     std::uint64_t steps = 0, throws = 0, wins = 0;
 

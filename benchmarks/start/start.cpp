@@ -13,10 +13,11 @@ namespace {
 class Bench {
    public:
     explicit Bench(int runs) : runs_(runs) {
-        QImage board = image(Picture::board);
+        QImage board = picture_image(Picture::board);
         board.save(path("board.png"));
         for (int i = 0; i < 16; ++i)
-            image(nth(Picture::piece_1, i / 4)).save(path("piece-" + QString::number(i) + ".png"));
+            picture_image(nth(Picture::piece_1, i / 4))
+                .save(path("piece-" + QString::number(i) + ".png"));
     }
 
     int run() {

@@ -102,10 +102,10 @@ class WaylandPlay : public testing::Test {
     QRect window(QSize size) const {
         point_away();
         QPoint corner(0, 0);
-        QImage face = brusbo::image(Picture::side_panel).copy(0, 0, 180, 80);
+        QImage face = brusbo::picture_image(Picture::side_panel).copy(0, 0, 180, 80);
         if (size == main_size) {
             corner = Picture1.topLeft() + QPoint(140, 0);
-            face = brusbo::image(Picture::board).copy(140, 0, 100, 378);
+            face = brusbo::picture_image(Picture::board).copy(140, 0, 100, 378);
         } else if (size == farewell_size) {
             corner = {230, 8};
             face = QImage(50, 40, QImage::Format_RGB32);
@@ -130,7 +130,7 @@ class WaylandPlay : public testing::Test {
             // The first movement into a window only enters it.
             person().point_at(window.topLeft() + place - QPoint(1, 0));
             person().point_at(window.topLeft() + place);
-            return shows(window, button.topLeft(), brusbo::image(picture).copy(uncovered));
+            return shows(window, button.topLeft(), picture_image(picture).copy(uncovered));
         });
     }
     /// Expects the main window there when all input before has been handled: a button lights up.
@@ -192,7 +192,7 @@ TEST_F(WaylandPlay, FromTheStartToTheEnd) {
     });
     person().click(menu + QPoint(60, 12));  // Nytt spel
     close(start_size, Starta);
-    const QImage normal = brusbo::image(Picture::arkiv_0);
+    const QImage normal = brusbo::picture_image(Picture::arkiv_0);
     wait_for("the normal button", [&] { return shows(main, mnuArkiv.topLeft(), normal); });
 
     click(main, butAvsluta);

@@ -87,7 +87,7 @@ std::vector<ShortName> short_names() {
 
 Game::Game() {
     reset_to_program_start();
-    connect(recorder, recorder);
+    set_world(recorder, recorder);
     Antal_spelare = 2;
     Ljud_på = true;
     const Workplace workplace;

@@ -14,7 +14,7 @@
 namespace brusbo::test {
 
 /// Writes down every effect in words, in order, and keeps what the screen then shows.
-class Recorder final : public Elements, public Services {
+class Recorder final : public Screen, public Services {
    public:
     bool keep_effects = true;
     std::string effects;                  ///< each of them ends in "; "

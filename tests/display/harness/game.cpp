@@ -153,7 +153,7 @@ QImage Game::image(WindowId window, const QRect& area) const {
 }
 
 bool Game::shows(WindowId window, QPoint corner, Picture picture) const {
-    const QImage wanted = brusbo::image(picture).convertToFormat(QImage::Format_RGB32);
+    const QImage wanted = picture_image(picture).convertToFormat(QImage::Format_RGB32);
     return image(window, {corner, wanted.size()}) == wanted;
 }
 

@@ -1,4 +1,4 @@
-#include "mainwindow/mfrm_elements.h"
+#include "mainwindow/mfrm_screen.h"
 
 #include <algorithm>
 #include <cassert>
@@ -28,7 +28,7 @@ QString colour_name(Store store) {
 
 }  // namespace
 
-QWidget* MFrmElements::widget(ElementId element) const {
+QWidget* MFrmScreen::widget(ElementId element) const {
     const auto index = static_cast<std::size_t>(element.index);
     switch (element.element) {
         case Element::labVisa_tur:
@@ -65,20 +65,20 @@ QWidget* MFrmElements::widget(ElementId element) const {
     Q_UNREACHABLE();
 }
 
-void MFrmElements::set_text(Element label, std::string_view text) {
+void MFrmScreen::set_text(Element label, std::string_view text) {
     auto* const target = qobject_cast<Label*>(widget(label));
     target->set_text(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
 }
 
-void MFrmElements::set_visible(ElementId element, bool visible) {
+void MFrmScreen::set_visible(ElementId element, bool visible) {
     widget(element)->setVisible(visible);
 }
 
-void MFrmElements::set_enabled(Element element, bool enabled) {
+void MFrmScreen::set_enabled(Element element, bool enabled) {
     widget(element)->setEnabled(enabled);
 }
 
-void MFrmElements::set_picture(ElementId element, StorePicture picture) {
+void MFrmScreen::set_picture(ElementId element, StorePicture picture) {
     const Picture shown = picture_of(picture);
     QWidget* const target = widget(element);
     if (auto* button = qobject_cast<PictureButton*>(target))
@@ -91,29 +91,29 @@ void MFrmElements::set_picture(ElementId element, StorePicture picture) {
         target->setAccessibleName(colour_name(picture.store));
 }
 
-void MFrmElements::move(ElementId element, std::int32_t left, std::int32_t top) {
+void MFrmScreen::move(ElementId element, std::int32_t left, std::int32_t top) {
     widget(element)->move(on_plane(left), on_plane(top));
 }
 
-void MFrmElements::set_left(Element element, std::int32_t twips) {
+void MFrmScreen::set_left(Element element, std::int32_t twips) {
     QWidget* const target = widget(element);
     const auto left = static_cast<double>(twips) / twips_to_pixel;
     target->move(Place{left, 0, 0, 0}.pixels().left(), target->y());
 }
 
-void MFrmElements::set_fill_colour(Element shape, Colour colour) {
+void MFrmScreen::set_fill_colour(Element shape, Colour colour) {
     auto* const target = qobject_cast<Circle*>(widget(shape));
     target->set_colour(QColor(colour.red, colour.green, colour.blue));
 }
 
-void MFrmElements::set_tag(Element element, std::string_view text) {
+void MFrmScreen::set_tag(Element element, std::string_view text) {
     widget(element)->setProperty(
         "Tag", QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
 }
 
-void MFrmElements::set_focus(Element element) { widget(element)->setFocus(Qt::OtherFocusReason); }
+void MFrmScreen::set_focus(Element element) { widget(element)->setFocus(Qt::OtherFocusReason); }
 
-LayoutPlace MFrmElements::layout_place(ElementId element) const {
+LayoutPlace MFrmScreen::layout_place(ElementId element) const {
     assert(element.element == Element::Pjäs);
     const Place& place = main_layout::Pjäs[element.index].place;
     return {place.left, place.top};

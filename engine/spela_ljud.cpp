@@ -1,4 +1,4 @@
-#include "engine/sound.h"
+#include "engine/spela_ljud.h"
 
 #include "engine/state.h"
 #include "engine/world.h"

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "engine/elements.h"
+#include "engine/screen.h"
 #include "mainwindow/mfrm.h"
 
 namespace brusbo {
 
 /// The rules' element operations, carried out on the widgets of the main window.
-class MFrmElements : public Elements {
+class MFrmScreen : public Screen {
    public:
-    explicit MFrmElements(MFrm& window) : window_(window) {}
+    explicit MFrmScreen(MFrm& window) : window_(window) {}
 
     void set_text(Element label, std::string_view text) override;
     void set_visible(ElementId element, bool visible) override;

@@ -74,9 +74,9 @@ struct LayoutPlace {
 /// they repeat what an element already shows. Nothing returns to the rules from here but the
 /// layout's own places: what the rules need to know of an element they keep in their state. No call
 /// may run a handler of the rules before it returns.
-class Elements {
+class Screen {
    public:
-    virtual ~Elements() = default;
+    virtual ~Screen() = default;
 
     /// Replaces a label's text; UTF-8. The view is valid during the call only.
     virtual void set_text(Element label, std::string_view text) = 0;
