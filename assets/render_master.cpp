@@ -3,7 +3,6 @@
 #include <QBuffer>
 #include <QImageReader>
 #include <QPainter>
-
 #include <cmath>
 
 namespace brusbo {
@@ -15,9 +14,7 @@ namespace {
 QByteArray reframed(const QByteArray& master, QSize device_size, const QRectF& view) {
     const qsizetype begin = master.indexOf("<svg");
     const qsizetype end = master.indexOf('>', begin);
-    if (begin < 0 || end < 0) {
-        return {};
-    }
+    if (begin < 0 || end < 0) return {};
     const auto number = [](double value) { return QByteArray::number(value, 'g', 15); };
     QByteArray root =
         "<svg xmlns=\"http://www.w3.org/2000/svg\""
@@ -41,9 +38,7 @@ QImage render_master(const QByteArray& master, QRect region, double ratio, QPoin
     QBuffer buffer(&text);
     QImageReader reader(&buffer, "svg");
     QImage image = reader.read();
-    if (image.isNull()) {
-        return {};
-    }
+    if (image.isNull()) return {};
     image = std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
     if (covered != QRectF(QPointF(0, 0), QSizeF(device_size))) {
         // What lies beside the region on the master must not shine into the partly covered pixels.

@@ -83,13 +83,16 @@ void Startfrm::make_elements() {
 void Startfrm::connect_elements() {
     for (int index = 0; index < most_players; ++index) {
         const auto at = static_cast<std::size_t>(index);
-        connect(AntSpelare_[at], &QAbstractButton::clicked, this, [this, index] {
-            InputGate::instance().run([this, index] { AntSpelare_Click(index); });
-        });
+        connect(
+            AntSpelare_[at], &QAbstractButton::clicked, this,
+            [this, index] {
+                InputGate::instance().run([this, index] { AntSpelare_Click(index); });
+            });
         connect(Namn_[at], &QLineEdit::textChanged, this, [this, index] { Namn_Change(index); });
     }
-    connect(Sound_, &QAbstractButton::toggled, this,
-            [this] { InputGate::instance().run([this] { Sound_Click(); }); });
+    connect(
+        Sound_, &QAbstractButton::toggled, this,
+        [this] { InputGate::instance().run([this] { Sound_Click(); }); });
     connect(Starta_, &QAbstractButton::clicked, this,
             [this] { InputGate::instance().run([this] { Starta_Click(); }); });
 }

@@ -79,15 +79,14 @@ std::size_t copy_number(std::string_view text, char* number) {
     bool sign_allowed = true;
     for (const char c : text) {
         if (c == ' ' || c == '\t' || c == '\n') continue;
-        if (c >= '0' && c <= '9') {
+        if (c >= '0' && c <= '9')
             complete = size + 1;
-        } else if (c == '.' && !point && !exponent) {
+        else if (c == '.' && !point && !exponent)
             point = true;
-        } else if ((c == 'e' || c == 'E') && !exponent && complete != 0) {
+        else if ((c == 'e' || c == 'E') && !exponent && complete != 0)
             exponent = true;
-        } else if ((c != '+' && c != '-') || !sign_allowed) {
+        else if ((c != '+' && c != '-') || !sign_allowed)
             break;
-        }
         sign_allowed = c == 'e' || c == 'E';
         number[size++] = c;
     }

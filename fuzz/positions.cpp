@@ -1,6 +1,8 @@
 // Any bytes as a positions file: the reader fills the table or stops with an error of its own, and
 // never touches the entries that no record fills.
 
+#include "engine/positions.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -8,7 +10,6 @@
 #include <string>
 #include <system_error>
 
-#include "engine/positions.h"
 #include "engine/state.h"
 
 namespace {

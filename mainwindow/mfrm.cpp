@@ -15,8 +15,9 @@ namespace {
 
 /// Runs a handler for each click on a button, one action at a time.
 void on_click(QAbstractButton* button, std::function<void()> handler) {
-    QObject::connect(button, &QAbstractButton::clicked, button,
-                     [handler = std::move(handler)] { InputGate::instance().run(handler); });
+    QObject::connect(
+        button, &QAbstractButton::clicked, button,
+        [handler = std::move(handler)] { InputGate::instance().run(handler); });
 }
 
 }  // namespace
@@ -89,10 +90,14 @@ void MFrm::connect_clicks() {
     on_click(butTvå_pjäser, butTvå_pjäser_Click);
     on_click(butNästa, butNästa_Click);
     for (std::int16_t b = 0; b < piece_count; ++b)
-        on_click(Pjäs[static_cast<std::size_t>(b)], [b] { Pjäs_Click(b); });
-    on_click(mnuArkiv, [this] { mnuArkiv_Click(); });
-    on_click(mnuOm, [this] { mnuOm_Click(); });
-    on_click(butMini, [this] { butMini_Click(); });
+        on_click(
+            Pjäs[static_cast<std::size_t>(b)], [b] { Pjäs_Click(b); });
+    on_click(
+        mnuArkiv, [this] { mnuArkiv_Click(); });
+    on_click(
+        mnuOm, [this] { mnuOm_Click(); });
+    on_click(
+        butMini, [this] { butMini_Click(); });
     on_click(butAvsluta, [this] { butAvsluta_Click(); });
 }
 

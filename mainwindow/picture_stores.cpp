@@ -1,4 +1,5 @@
 #include "mainwindow/picture_stores.h"
+
 #include <cassert>
 
 #include "platform/elements.h"

@@ -1,14 +1,13 @@
 #include "platform/pictures.h"
 
-#include "assets/packed_pictures.h"
-#include "assets/picture_list.h"
-#include "assets/render_master.h"
-
 #include <QPainter>
-
 #include <cmath>
 #include <map>
 #include <tuple>
+
+#include "assets/packed_pictures.h"
+#include "assets/picture_list.h"
+#include "assets/render_master.h"
 
 namespace brusbo {
 
@@ -71,12 +70,8 @@ QImage render(const Rendering& wanted) {
 
 const QImage& kept_rendering(const Rendering& wanted) {
     auto& kept = renderings();
-    if (const auto found = kept.find(wanted); found != kept.end()) {
-        return found->second;
-    }
-    if (kept.size() >= most_renderings_kept) {
-        kept.clear();
-    }
+    if (const auto found = kept.find(wanted); found != kept.end()) return found->second;
+    if (kept.size() >= most_renderings_kept) kept.clear();
     return kept.emplace(wanted, render(wanted)).first->second;
 }
 
@@ -118,9 +113,7 @@ void paint_picture(QPainter& painter, Picture picture, QPoint at) {
 }
 
 QImage picture_image(Picture picture, double ratio) {
-    if (qFuzzyCompare(ratio, 1.0)) {
-        return stored(picture);
-    }
+    if (qFuzzyCompare(ratio, 1.0)) return stored(picture);
     QImage rendered = kept_rendering({picture, ratio, 0, 0});
     rendered.setDevicePixelRatio(ratio);
     return rendered;

@@ -5,7 +5,6 @@
 #include <QImage>
 #include <QPoint>
 #include <QSize>
-
 #include <cstdint>
 
 class QPainter;

@@ -5,7 +5,6 @@
 #include <signal.h>
 
 #include <QFile>
-
 #include <chrono>
 #include <filesystem>
 #include <system_error>
@@ -34,11 +33,10 @@ Sound::~Sound() {
     if (!thread_.joinable()) return;
     requests_->close();
     // A file on a dead network drive may hold the thread for ever.
-    if (finished_.wait_for(patience_at_end) == std::future_status::ready) {
+    if (finished_.wait_for(patience_at_end) == std::future_status::ready)
         thread_.join();
-    } else {
+    else
         thread_.detach();
-    }
 }
 
 void Sound::play(const QString& path) {

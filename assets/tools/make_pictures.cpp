@@ -1,11 +1,10 @@
 // Makes the 1:1 pictures and the icon's pixel pictures from the masters.
 // Usage: make_pictures ASSETS_FOLDER
 
-#include "picture_files.h"
-
 #include <QGuiApplication>
-
 #include <cstdio>
+
+#include "picture_files.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // Makes the three sound files of the game. Usage: make_sounds FOLDER
 
-#include "sound_synthesis.h"
-
 #include <cstdio>
 #include <string>
+
+#include "sound_synthesis.h"
 
 int main(int argc, char** argv) {
     if (argc != 2) {

@@ -1,14 +1,13 @@
 // Turns the 1:1 pictures and the masters into one C++ source file, so that the program decodes
 // nothing when it starts. Usage: pack_pictures ASSETS_FOLDER OUTPUT_FILE
 
-#include "assets/picture_list.h"
-
 #include <QFile>
 #include <QImage>
-
 #include <cstdio>
 #include <map>
 #include <string>
+
+#include "assets/picture_list.h"
 
 namespace {
 
@@ -47,9 +46,8 @@ bool append_master(std::string& out, const char* name, const QString& folder, st
         return false;
     }
     out += "const char master_" + std::to_string(index) + "[] =\n";
-    for (const QByteArray& line : file.readAll().split('\n')) {
+    for (const QByteArray& line : file.readAll().split('\n'))
         out += "    R\"~(" + line.trimmed().toStdString() + "\n)~\"\n";
-    }
     out += ";\n";
     return true;
 }
@@ -69,20 +67,15 @@ int main(int argc, char** argv) {
     for (std::size_t i = 0; i < picture_count; ++i) {
         const PictureEntry& entry = picture_list[i];
         if (!append_pixels(out, folder + "/pictures/" + entry.name,
-                           QSize(entry.width, entry.height), "pixels_" + std::to_string(i))) {
+                           QSize(entry.width, entry.height), "pixels_" + std::to_string(i)))
             return 1;
-        }
-        if (masters.emplace(entry.master, i).second &&
-            !append_master(out, entry.master, folder, i)) {
+        if (masters.emplace(entry.master, i).second && !append_master(out, entry.master, folder, i))
             return 1;
-        }
     }
-    for (const int side : icon_sides) {
+    for (const int side : icon_sides)
         if (!append_pixels(out, folder + QString("/icon/brusbo-%1.png").arg(side),
-                           QSize(side, side), "icon_" + std::to_string(side))) {
+                           QSize(side, side), "icon_" + std::to_string(side)))
             return 1;
-        }
-    }
     out += "}  // namespace\nconst PackedPicture packed_pictures[] = {\n";
     for (std::size_t i = 0; i < picture_count; ++i) {
         const std::string master = "master_" + std::to_string(masters.at(picture_list[i].master));
@@ -90,9 +83,8 @@ int main(int argc, char** argv) {
             "    {pixels_" + std::to_string(i) + ", " + master + ", sizeof " + master + " - 1},\n";
     }
     out += "};\nconst PackedIcon packed_icons[] = {\n";
-    for (const int side : icon_sides) {
+    for (const int side : icon_sides)
         out += "    {icon_" + std::to_string(side) + ", " + std::to_string(side) + "},\n";
-    }
     out += "};\n}  // namespace brusbo\n";
     QFile file(QString::fromLocal8Bit(argv[2]));
     const auto length = static_cast<qint64>(out.size());

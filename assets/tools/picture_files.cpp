@@ -1,15 +1,14 @@
 #include "picture_files.h"
 
-#include "assets/render_master.h"
+#include <gif_lib.h>
 
 #include <QFile>
 #include <QPainter>
-
-#include <gif_lib.h>
-
 #include <algorithm>
 #include <map>
 #include <vector>
+
+#include "assets/render_master.h"
 
 namespace brusbo {
 
@@ -52,9 +51,7 @@ struct Box {
         long sums[3] = {0, 0, 0};
         long total = 0;
         for (const Counted& counted : colours) {
-            for (int c = 0; c < 3; ++c) {
-                sums[c] += long(channel(counted.colour, c)) * counted.count;
-            }
+            for (int c = 0; c < 3; ++c) sums[c] += long(channel(counted.colour, c)) * counted.count;
             total += counted.count;
         }
         const auto rounded = [&](int c) { return static_cast<int>((sums[c] + total / 2) / total); };
@@ -66,17 +63,13 @@ struct Box {
 // its box, two or three steps of a channel for the pictures of this program.
 std::map<QRgb, QRgb> reduced_palette(const std::map<QRgb, int>& histogram) {
     std::vector<Box> boxes(1);
-    for (const auto& [colour, count] : histogram) {
-        boxes[0].colours.push_back({colour, count});
-    }
+    for (const auto& [colour, count] : histogram) boxes[0].colours.push_back({colour, count});
     boxes[0].measure();
     while (boxes.size() < most_colours) {
         auto widest = std::max_element(boxes.begin(), boxes.end(), [](const Box& a, const Box& b) {
             return a.width < b.width;
         });
-        if (widest->width == 0) {
-            break;
-        }
+        if (widest->width == 0) break;
         const int c = widest->widest_channel;
         auto& colours = widest->colours;
         std::stable_sort(colours.begin(), colours.end(), [c](const Counted& a, const Counted& b) {
@@ -93,9 +86,7 @@ std::map<QRgb, QRgb> reduced_palette(const std::map<QRgb, int>& histogram) {
     std::map<QRgb, QRgb> palette;
     for (const Box& box : boxes) {
         const QRgb mean = box.mean();
-        for (const Counted& counted : box.colours) {
-            palette[counted.colour] = mean;
-        }
+        for (const Counted& counted : box.colours) palette[counted.colour] = mean;
     }
     return palette;
 }
@@ -107,21 +98,15 @@ void reduce_colours(QImage& picture) {
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
             const QRgb pixel = picture.pixel(x, y);
-            if (qAlpha(pixel) != 0) {
-                ++histogram[pixel];
-            }
+            if (qAlpha(pixel) != 0) ++histogram[pixel];
         }
     }
-    if (histogram.size() <= most_colours) {
-        return;
-    }
+    if (histogram.size() <= most_colours) return;
     const std::map<QRgb, QRgb> palette = reduced_palette(histogram);
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
             const QRgb pixel = picture.pixel(x, y);
-            if (qAlpha(pixel) != 0) {
-                picture.setPixel(x, y, palette.at(pixel));
-            }
+            if (qAlpha(pixel) != 0) picture.setPixel(x, y, palette.at(pixel));
         }
     }
 }
@@ -143,9 +128,7 @@ bool write_gif(const QImage& picture, const QString& path) {
     }
     int next = transparent ? 1 : 0;  // entry 0 is the transparent one
     ColorMapObject* colours = GifMakeMapObject(256, nullptr);
-    if (colours == nullptr || static_cast<int>(indexes.size()) + next > 256) {
-        return false;
-    }
+    if (colours == nullptr || static_cast<int>(indexes.size()) + next > 256) return false;
     for (auto& [colour, index] : indexes) {
         index = next++;
         colours->Colors[index] = {static_cast<GifByteType>(qRed(colour)),
@@ -187,46 +170,33 @@ bool write_gif(const QImage& picture, const QString& path) {
 
 QImage one_to_one_picture(const PictureEntry& entry, const QString& masters_folder) {
     QFile file(masters_folder + '/' + entry.master);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {};
-    }
+    if (!file.open(QIODevice::ReadOnly)) return {};
     const QImage rendered =
         render_master(file.readAll(), QRect(entry.x, entry.y, entry.width, entry.height), 1.0);
-    if (rendered.isNull()) {
-        return {};
-    }
+    if (rendered.isNull()) return {};
     QImage picture(rendered.size(), QImage::Format_ARGB32);
     picture.fill(0xFF000000U | entry.matte);
     QPainter painter(&picture);
     painter.drawImage(0, 0, rendered);
     painter.end();
     for (int y = 0; y < picture.height() && !entry.opaque; ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            if (qAlpha(rendered.pixel(x, y)) < least_kept_alpha) {
-                picture.setPixel(x, y, 0);
-            }
-        }
+        for (int x = 0; x < picture.width(); ++x)
+            if (qAlpha(rendered.pixel(x, y)) < least_kept_alpha) picture.setPixel(x, y, 0);
     }
-    if (is_gif(entry.name)) {
-        reduce_colours(picture);
-    }
+    if (is_gif(entry.name)) reduce_colours(picture);
     return picture;
 }
 
 QImage icon_picture(const QString& master_path, int side) {
     constexpr int master_side = 96;
     QFile master(master_path);
-    if (!master.open(QIODevice::ReadOnly)) {
-        return {};
-    }
+    if (!master.open(QIODevice::ReadOnly)) return {};
     return render_master(master.readAll(), QRect(0, 0, master_side, master_side),
                          double(side) / master_side);
 }
 
 bool write_picture(const QImage& picture, const QString& path) {
-    if (is_gif(path)) {
-        return write_gif(picture, path);
-    }
+    if (is_gif(path)) return write_gif(picture, path);
     return picture.convertToFormat(QImage::Format_RGB32).save(path, "BMP");
 }
 

@@ -1,10 +1,10 @@
 // Writing the 1:1 pictures in their file formats.
 #pragma once
 
-#include "assets/picture_list.h"
-
 #include <QImage>
 #include <QString>
+
+#include "assets/picture_list.h"
 
 namespace brusbo {
 

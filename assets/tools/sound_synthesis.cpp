@@ -83,9 +83,7 @@ double strength(const Track& track) {
         low += 0.04 * (track[i] - low);
         squares[i] = (track[i] - low) * (track[i] - low);
         sum += squares[i];
-        if (i >= window) {
-            sum -= squares[i - window];
-        }
+        if (i >= window) sum -= squares[i - window];
         strongest = std::max(strongest, sum);
     }
     return std::sqrt(strongest / static_cast<double>(window));
@@ -181,9 +179,8 @@ std::string wave_file(const std::vector<std::int16_t>& samples) {
     append_number(bytes, 8 * bytes_per_sample, 2);
     bytes += "data";
     append_number(bytes, data_length, 4);
-    for (const std::int16_t sample : samples) {
+    for (const std::int16_t sample : samples)
         append_number(bytes, static_cast<std::uint16_t>(sample), 2);
-    }
     return bytes;
 }
 

@@ -1,16 +1,16 @@
 // How long it takes to load every picture of the program and paint it once, at each scale.
 
+#include "platform/pictures.h"
+
 #include <QImage>
 #include <QImageReader>
 #include <QPainter>
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <ctime>
 
 #include "assets/picture_list.h"
-#include "platform/pictures.h"
 
 namespace {
 

@@ -66,11 +66,10 @@ class Bench {
             const QImage told = game.image(main, labMeddelande);
             if (!std::exchange(nest_button ? waiting : over, true))
                 rests(nest_button ? "move awaited" : "turn over");
-            if (nest_button) {
+            if (nest_button)
                 choose_quick_new_game(game, main);
-            } else {
+            else
                 game.click(main, butEn_pjäs);  // lies where butNästa does
-            }
             game.wait_for_change("the next throw", main, labMeddelande, told);
         }
         open_menu(game, main);

@@ -45,9 +45,8 @@ void Player::connect() {
     pa_context_set_state_callback(
         context_, [](pa_context*, void* self) { player(self)->context_changed(); }, this);
     // A game starts no servers.
-    if (pa_context_connect(context_, lookup->server, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0) {
+    if (pa_context_connect(context_, lookup->server, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0)
         disconnect();
-    }
 }
 
 void Player::disconnect() {
@@ -61,11 +60,10 @@ void Player::disconnect() {
 
 void Player::context_changed() {
     const auto state = pa_context_get_state(context_);
-    if (!PA_CONTEXT_IS_GOOD(state)) {
+    if (!PA_CONTEXT_IS_GOOD(state))
         disconnect();
-    } else {
+    else
         advance();
-    }
 }
 
 void Player::open_stream(Clip clip) {
@@ -79,9 +77,8 @@ void Player::open_stream(Clip clip) {
         stream_, [](pa_stream*, std::size_t wanted, void* self) { player(self)->write(wanted); },
         this);
     if (pa_stream_connect_playback(stream_, nullptr, nullptr, PA_STREAM_NOFLAGS, nullptr, nullptr) <
-        0) {
+        0)
         close_stream();
-    }
 }
 
 void Player::close_stream() {
@@ -104,9 +101,8 @@ void Player::write(std::size_t wanted) {
     const auto& samples = clip_.samples;
     const std::size_t count = std::min(wanted, samples.size() - written_);
     if (count == 0 || pa_stream_write(stream_, samples.data() + written_, count, nullptr, 0,
-                                      PA_SEEK_RELATIVE) < 0) {
+                                      PA_SEEK_RELATIVE) < 0)
         return;
-    }
     written_ += count;
     if (written_ < samples.size()) return;
     // A drained stream is gone from the server, which may then put its device to rest.

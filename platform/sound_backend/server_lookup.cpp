@@ -37,12 +37,10 @@ bool is_cookie(const fs::path& path) {
 }
 
 bool has_own_server_place(const fs::path& configuration) {
-    if (const auto place = from_environment("PULSE_RUNTIME_PATH"); !place.empty()) {
+    if (const auto place = from_environment("PULSE_RUNTIME_PATH"); !place.empty())
         return is_own_directory(place);
-    }
-    if (const auto place = from_environment("XDG_RUNTIME_DIR"); !place.empty()) {
+    if (const auto place = from_environment("XDG_RUNTIME_DIR"); !place.empty())
         return is_own_directory(place) && is_own_directory(place / "pulse");
-    }
     // Without a runtime directory a server puts a link to its place among its settings.
     std::error_code missing;
     const fs::directory_iterator settings(configuration, missing);
@@ -64,13 +62,11 @@ std::optional<ServerLookup> look_up_server() {
     const bool configured = !from_environment("PULSE_CLIENTCONFIG").empty();
     ServerLookup lookup;
     if (!configured && from_environment("PULSE_SERVER").empty() &&
-        !has_own_server_place(configuration)) {
+        !has_own_server_place(configuration))
         lookup.server = system_wide_server;
-    }
     if (!configured && from_environment("PULSE_COOKIE").empty() &&
-        !is_cookie(configuration / "cookie") && !is_cookie(home / ".pulse-cookie")) {
+        !is_cookie(configuration / "cookie") && !is_cookie(home / ".pulse-cookie"))
         lookup.cookie = blank_cookie;
-    }
     return lookup;
 }
 

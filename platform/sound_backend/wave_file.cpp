@@ -67,9 +67,8 @@ std::optional<pa_sample_spec> parse_format(Bytes chunk) {
 }  // namespace
 
 std::optional<Clip> parse_wave(Bytes file) {
-    if (file.size() < 12 || !starts_with(file, "RIFF") || !starts_with(file.subspan(8), "WAVE")) {
+    if (file.size() < 12 || !starts_with(file, "RIFF") || !starts_with(file.subspan(8), "WAVE"))
         return {};
-    }
     std::optional<pa_sample_spec> format;
     for (Bytes rest = file.subspan(12); rest.size() >= 8;) {
         const std::size_t size = number(rest, 4, 4);

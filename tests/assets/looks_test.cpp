@@ -15,9 +15,8 @@ std::vector<std::pair<QPointF, double>> centres_and_radii() {
         return file.mid(128 * record + 2, file.at(128 * record)).trimmed().toInt() + 13;
     };
     std::vector<std::pair<QPointF, double>> discs{{QPointF(centre(56), centre(56)), 17}};
-    for (const double x : {69.5, 307.5}) {
+    for (const double x : {69.5, 307.5})
         for (const double y : {69.5, 307.5}) discs.emplace_back(QPointF(x, y), 59);
-    }
     for (int square = 1; square <= 56; ++square) {
         const bool tip = square <= 40 && square % 10 == 0;
         discs.emplace_back(QPointF(centre(square - 1), centre(square + 56)), tip ? 16 : 14);
@@ -65,10 +64,9 @@ double luminance(const Channels& c) { return 0.2126 * c[0] + 0.7152 * c[1] + 0.0
 
 TEST(Panel, MessageAndTurnAreReadableOnTheWood) {
     const QImage wood = picture_image(Picture::side_panel);
-    for (const QRect label : {QRect(28, 204, 131, 101), QRect(26, 90, 149, 19)}) {
+    for (const QRect label : {QRect(28, 204, 131, 101), QRect(26, 90, 149, 19)})
         for (const QPoint at : points(label))
             ASSERT_GE((luminance(linear(wood.pixel(at))) + 0.05) / 0.05, 4.5) << "to black";
-    }
 }
 
 // The mean of what is not transparent.

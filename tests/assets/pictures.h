@@ -29,9 +29,8 @@ inline QImage committed(const PictureEntry& entry) {
 
 inline std::vector<QPoint> points(QRect part) {
     std::vector<QPoint> all;
-    for (int y = part.top(); y <= part.bottom(); ++y) {
+    for (int y = part.top(); y <= part.bottom(); ++y)
         for (int x = part.left(); x <= part.right(); ++x) all.emplace_back(x, y);
-    }
     return all;
 }
 

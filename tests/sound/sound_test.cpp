@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QProcess>
 #include <QTemporaryDir>
-
 #include <algorithm>
 #include <filesystem>
 #include <fstream>

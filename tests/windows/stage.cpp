@@ -131,7 +131,8 @@ void Stage::when_shown(const std::string& name, std::function<void()> act) {
 }
 
 void Stage::answer(const std::string& element) {
-    when_shown(element.substr(0, element.find('/')), [element] { click(element); });
+    when_shown(
+        element.substr(0, element.find('/')), [element] { click(element); });
 }
 
 void Stage::in_menu(std::function<void()> act) {

@@ -97,7 +97,8 @@ WindowId Game::window(Shown which) {
 }
 
 void Game::wait_until_gone(Shown which) const {
-    wait_for("a window to go", [&] { return find(which) == 0; });
+    wait_for(
+        "a window to go", [&] { return find(which) == 0; });
 }
 
 WindowId Game::menu() const {
@@ -158,16 +159,19 @@ bool Game::shows(WindowId window, QPoint corner, Picture picture) const {
 }
 
 void Game::wait_for_picture(WindowId window, QPoint corner, Picture picture) const {
-    wait_for("picture " + std::to_string(static_cast<int>(picture)),
-             [&] { return shows(window, corner, picture); });
+    wait_for(
+        "picture " + std::to_string(static_cast<int>(picture)),
+        [&] { return shows(window, corner, picture); });
 }
 
 void Game::wait_for_change(const std::string& what, WindowId window, const QRect& area,
                            const QImage& before) const {
-    wait_for(what, [&] {
-        const QImage now = image(window, area);
-        return !now.isNull() && now != before;
-    });
+    wait_for(
+        what,
+        [&] {
+            const QImage now = image(window, area);
+            return !now.isNull() && now != before;
+        });
 }
 
 }  // namespace brusbo::display
