@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 namespace brusbo {
 
@@ -24,7 +25,6 @@ struct PictureEntry {
 inline constexpr std::uint32_t dark_wood_matte = 0x1E1006;
 inline constexpr std::uint32_t panel_matte = 0xB2804E;
 
-// In the order of the enumerators of Picture (platform/pictures.h).
 inline constexpr std::array picture_list{
     PictureEntry{"title-bar.gif", 567, 32, "title-bar.svg", 0, 0, true, 0},
     PictureEntry{"side-panel.gif", 189, 378, "side-panel.svg", 0, 0, true, 0},
@@ -60,6 +60,27 @@ inline constexpr std::array picture_list{
 inline constexpr std::array all_icon_sides{16, 32, 48, 64, 128};
 inline constexpr std::array icon_sides{16, 32, 48, 64};
 
-inline constexpr std::size_t picture_count = picture_list.size();
+/// One picture of the list.
+struct Picture {
+    std::uint8_t index;  ///< its place in picture_list
+
+    friend bool operator==(Picture, Picture) = default;
+};
+
+/// The picture whose file has this name before its ending, as in picture("piece-1"). A name that is
+/// not in the list does not compile.
+consteval Picture picture(std::string_view name) {
+    for (std::uint8_t index = 0; index < picture_list.size(); ++index) {
+        const std::string_view file = picture_list[index].name;
+        if (file.substr(0, file.find('.')) == name) return {index};
+    }
+    throw "no such picture";
+}
+
+/// The picture `index` places after `first` in the list, where families stand together; `index`
+/// counts from 0 and must stay inside the family.
+constexpr Picture nth(Picture first, int index) {
+    return {static_cast<std::uint8_t>(first.index + index)};
+}
 
 }  // namespace brusbo

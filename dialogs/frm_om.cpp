@@ -51,7 +51,7 @@ frmOm::frmOm()
                  Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint,
              client_area) {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    for (const ElementLook& look : imgLinje) new Image(this, look, Picture::separator);
+    for (const ElementLook& look : imgLinje) new Image(this, look, picture("separator"));
     for (const LabelRow& row : labels) new Label(this, row.look, row.label, row.text);
     auto* klar = new CommandButton(this, Klar, "Klar", QColor(Klar_face), Font::large);
     connect(klar, &QAbstractButton::clicked, this,
@@ -69,7 +69,7 @@ void frmOm::Klar_Click() {
 
 void frmOm::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paint_picture(painter, Picture::side_panel, {0, 0});
+    paint_picture(painter, picture("side-panel"), {0, 0});
 }
 
 }  // namespace brusbo

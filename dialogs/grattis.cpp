@@ -76,7 +76,7 @@ void Grattis::make_elements() {
     const QColor layout_face(colours[0].light);
 
     for (int index = 0; index < most_players; ++index)
-        new Image(this, gimgGrattis[index], nth(Picture::banner_1, index));
+        new Image(this, gimgGrattis[index], nth(picture("banner-1"), index));
     imgGrattis_ = new Image(this, imgGrattis);
     for (const ElementLook& look : linje)
         linje_.push_back(new Line(this, look, QColor(colours[0].strong)));
@@ -97,7 +97,7 @@ void Grattis::make_elements() {
 }
 
 void Grattis::Form_Load() {
-    imgGrattis_->set_picture(nth(Picture::banner_1, Aktuell_spelare - 1));
+    imgGrattis_->set_picture(nth(picture("banner-1"), Aktuell_spelare - 1));
     Färger();
     for (int i = 1; i <= Antal_spelare; ++i) {
         const auto row = static_cast<std::size_t>(i - 1);

@@ -63,7 +63,7 @@ Startfrm::Startfrm(std::function<void()> show_MFrm, std::function<void()> painte
 }
 
 void Startfrm::make_elements() {
-    for (const ElementLook& look : imgLinje) new Image(this, look, Picture::separator);
+    for (const ElementLook& look : imgLinje) new Image(this, look, picture("separator"));
     for (const SlotRow& row : slot_rows)
         AntSpelare_.push_back(new OptionButton(this, row.AntSpelare, QColor(row.face)));
     for (std::size_t slot = 0; slot < std::size(slot_rows); ++slot)
@@ -133,7 +133,7 @@ void Startfrm::Starta_Click() {
 
 void Startfrm::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paint_picture(painter, Picture::side_panel, {0, 0});
+    paint_picture(painter, picture("side-panel"), {0, 0});
     if (painted_) std::exchange(painted_, {})();
 }
 

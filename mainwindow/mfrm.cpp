@@ -56,11 +56,11 @@ void MFrm::make_title_bar() {
 
 void MFrm::make_side_panel() {
     using namespace main_layout;
-    auto* panel = new Image(this, Picture2, Picture::side_panel);
-    for (const ElementLook& look : imgLinje) new Image(panel, look, Picture::separator);
+    auto* panel = new Image(this, Picture2, picture("side-panel"));
+    for (const ElementLook& look : imgLinje) new Image(panel, look, picture("separator"));
     labVisa_tur = new Label(panel, main_layout::labVisa_tur, labVisa_tur_look);
     imgVisa_tur = new Image(panel, main_layout::imgVisa_tur);
-    Tärning = new PictureButton(panel, main_layout::Tärning, Picture::die_1);
+    Tärning = new PictureButton(panel, main_layout::Tärning, picture("die-1"));
     labMeddelande =
         new Label(panel, main_layout::labMeddelande, labMeddelande_look, labMeddelande_text);
     butEn_pjäs =
@@ -73,7 +73,7 @@ void MFrm::make_side_panel() {
 // Later children of the board lie above earlier ones: where pieces share a square, the one with
 // the highest index is on top and takes the clicks.
 void MFrm::make_board() {
-    auto* board = new Image(this, main_layout::Picture1, Picture::board);
+    auto* board = new Image(this, main_layout::Picture1, picture("board"));
     new PictureStores(board);
     shpHålbak = new Circle(board, main_layout::shpHålbak, QColor(main_layout::shpHålbak_colour));
     for (const ElementLook& look : main_layout::Pjäs)

@@ -16,16 +16,16 @@ struct StoreRow {
 };
 
 constexpr StoreRow stores[] = {
-    {Store::gimgRöd, "gimgRöd", 1, Picture::piece_1},
-    {Store::gimgBlå, "gimgBlå", 1, Picture::piece_2},
-    {Store::gimgGrön, "gimgGrön", 1, Picture::piece_3},
-    {Store::gimgGul, "gimgGul", 1, Picture::piece_4},
-    {Store::T, "T", 6, Picture::die_1},
-    {Store::gimgPlus, "gimgPlus", 1, Picture::marker},
-    {Store::gimgArkiv, "gimgArkiv", 2, Picture::arkiv_0},
-    {Store::gimgOm, "gimgOm", 2, Picture::om_0},
-    {Store::gimgMinimera, "gimgMinimera", 2, Picture::minimise_0},
-    {Store::GimgAvsluta, "GimgAvsluta", 2, Picture::close_0},
+    {Store::gimgRöd, "gimgRöd", 1, picture("piece-1")},
+    {Store::gimgBlå, "gimgBlå", 1, picture("piece-2")},
+    {Store::gimgGrön, "gimgGrön", 1, picture("piece-3")},
+    {Store::gimgGul, "gimgGul", 1, picture("piece-4")},
+    {Store::T, "T", 6, picture("die-1")},
+    {Store::gimgPlus, "gimgPlus", 1, picture("marker")},
+    {Store::gimgArkiv, "gimgArkiv", 2, picture("arkiv-0")},
+    {Store::gimgOm, "gimgOm", 2, picture("om-0")},
+    {Store::gimgMinimera, "gimgMinimera", 2, picture("minimise-0")},
+    {Store::GimgAvsluta, "GimgAvsluta", 2, picture("close-0")},
 };
 
 }  // namespace

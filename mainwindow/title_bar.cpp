@@ -8,7 +8,8 @@
 
 namespace brusbo {
 
-TitleBar::TitleBar(QWidget* window) : Image(window, main_layout::Namnlist, Picture::title_bar) {}
+TitleBar::TitleBar(QWidget* window)
+    : Image(window, main_layout::Namnlist, brusbo::picture("title-bar")) {}
 
 void TitleBar::Namnlist_MouseDown(const QMouseEvent& press) {
     // X11's window managers can move a window too, but a button that is released while the request

@@ -6,14 +6,11 @@
 #include <tuple>
 
 #include "assets/packed_pictures.h"
-#include "assets/picture_list.h"
 #include "assets/render_master.h"
 
 namespace brusbo {
 
 namespace {
-
-static_assert(static_cast<std::size_t>(Picture::banner_4) + 1 == picture_count);
 
 // Positions are told apart to this fraction of a device pixel.
 constexpr int phase_steps = 64;
@@ -26,22 +23,13 @@ struct Rendering {
     int phase_x;  // in 1 / phase_steps device pixels
     int phase_y;
 
-    auto key() const { return std::tie(picture, ratio, phase_x, phase_y); }
+    auto key() const { return std::tie(picture.index, ratio, phase_x, phase_y); }
     bool operator<(const Rendering& other) const { return key() < other.key(); }
 };
 
-std::map<Rendering, QImage>& renderings() {
-    static std::map<Rendering, QImage> kept;
-    return kept;
-}
+const PictureEntry& entry(Picture picture) { return picture_list[picture.index]; }
 
-const PictureEntry& entry(Picture picture) {
-    return picture_list[static_cast<std::size_t>(picture)];
-}
-
-const PackedPicture& packed(Picture picture) {
-    return packed_pictures[static_cast<std::size_t>(picture)];
-}
+const PackedPicture& packed(Picture picture) { return packed_pictures[picture.index]; }
 
 // The stored pixels themselves, not a copy; they live as long as the program.
 QImage stored(Picture picture) {
@@ -68,8 +56,8 @@ QImage render(const Rendering& wanted) {
     return rendered;
 }
 
-const QImage& kept_rendering(const Rendering& wanted) {
-    auto& kept = renderings();
+QImage kept_rendering(const Rendering& wanted) {
+    static std::map<Rendering, QImage> kept;
     if (const auto found = kept.find(wanted); found != kept.end()) return found->second;
     if (kept.size() >= most_renderings_kept) kept.clear();
     return kept.emplace(wanted, render(wanted)).first->second;
@@ -104,7 +92,7 @@ void paint_picture(QPainter& painter, Picture picture, QPoint at) {
     const QPointF place = device.map(QPointF(at));
     const auto [x, phase_x] = whole_and_phase(place.x());
     const auto [y, phase_y] = whole_and_phase(place.y());
-    const QImage& rendered = kept_rendering({picture, device.m11(), phase_x, phase_y});
+    const QImage rendered = kept_rendering({picture, device.m11(), phase_x, phase_y});
     painter.save();
     // From here on logical coordinates are device pixels: the rendering is copied, never resampled.
     painter.setWorldTransform(device.inverted() * painter.worldTransform());
@@ -129,7 +117,5 @@ QIcon program_icon() {
     }
     return icon;
 }
-
-void clear_picture_cache() { renderings().clear(); }
 
 }  // namespace brusbo

@@ -5,47 +5,12 @@
 #include <QImage>
 #include <QPoint>
 #include <QSize>
-#include <cstdint>
+
+#include "assets/picture_list.h"
 
 class QPainter;
 
 namespace brusbo {
-
-// Families are consecutive, so nth() can pick their members.
-enum class Picture : std::uint8_t {
-    title_bar,
-    side_panel,
-    board,
-    separator,
-    piece_1,  // red, blue, green, yellow
-    piece_2,
-    piece_3,
-    piece_4,
-    die_1,
-    die_2,
-    die_3,
-    die_4,
-    die_5,
-    die_6,
-    marker,
-    arkiv_0,  // picture buttons: 0 normal, 1 under the mouse
-    arkiv_1,
-    om_0,
-    om_1,
-    minimise_0,
-    minimise_1,
-    close_0,
-    close_1,
-    banner_1,  // red, blue, green, yellow
-    banner_2,
-    banner_3,
-    banner_4,
-};
-
-// The picture `index` places after `first`; `index` counts from 0 and must stay inside the family.
-constexpr Picture nth(Picture first, int index) {
-    return static_cast<Picture>(static_cast<int>(first) + index);
-}
 
 // In device-independent pixels.
 QSize picture_size(Picture picture);
@@ -63,8 +28,5 @@ QImage picture_image(Picture picture, double ratio = 1.0);
 
 // The program's icon, for every window.
 QIcon program_icon();
-
-// Forgets the renderings kept by paint_picture().
-void clear_picture_cache();
 
 }  // namespace brusbo

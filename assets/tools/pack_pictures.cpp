@@ -12,7 +12,6 @@
 namespace {
 
 using brusbo::icon_sides;
-using brusbo::picture_count;
 using brusbo::picture_list;
 using brusbo::PictureEntry;
 
@@ -64,7 +63,7 @@ int main(int argc, char** argv) {
         "// Made by pack_pictures.\n#include \"assets/packed_pictures.h\"\n"
         "namespace brusbo {\nnamespace {\n";
     std::map<std::string, std::size_t> masters;
-    for (std::size_t i = 0; i < picture_count; ++i) {
+    for (std::size_t i = 0; i < picture_list.size(); ++i) {
         const PictureEntry& entry = picture_list[i];
         if (!append_pixels(out, folder + "/pictures/" + entry.name,
                            QSize(entry.width, entry.height), "pixels_" + std::to_string(i)))
@@ -77,7 +76,7 @@ int main(int argc, char** argv) {
                            QSize(side, side), "icon_" + std::to_string(side)))
             return 1;
     out += "}  // namespace\nconst PackedPicture packed_pictures[] = {\n";
-    for (std::size_t i = 0; i < picture_count; ++i) {
+    for (std::size_t i = 0; i < picture_list.size(); ++i) {
         const std::string master = "master_" + std::to_string(masters.at(picture_list[i].master));
         out +=
             "    {pixels_" + std::to_string(i) + ", " + master + ", sizeof " + master + " - 1},\n";

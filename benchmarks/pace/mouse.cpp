@@ -32,7 +32,7 @@ int measure() {
                    watch.wait_for_drawing(title_bar, Clock::now() + std::chrono::milliseconds(300)))
             end = *drawn;
         for (int i = 0; i < 4; ++i)
-            if (!game.shows(main, buttons[i].topLeft(), nth(Picture::arkiv_0, 2 * i)))
+            if (!game.shows(main, buttons[i].topLeft(), nth(picture("arkiv-0"), 2 * i)))
                 throw std::runtime_error("a button is still lit");
         hovers.push_back(in_milliseconds(end - begin));
     }

@@ -67,7 +67,7 @@ bool Player::walked_after_click(QPoint place) {
 }
 
 void Player::move_a_piece() {
-    const QImage bare = picture_image(Picture::board).convertToFormat(QImage::Format_RGB32);
+    const QImage bare = picture_image(picture("board")).convertToFormat(QImage::Format_RGB32);
     const QImage seen = game_.image(main_, Picture1);
     for (const QPoint square : squares_) {
         const QRect piece(square, QSize(26, 26));

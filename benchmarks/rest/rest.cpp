@@ -75,9 +75,9 @@ class Bench {
         open_menu(game, main);
         rests("menu open");
         game.person().type({key_escape});
-        game.wait_for_picture(main, mnuArkiv.topLeft(), Picture::arkiv_0);
+        game.wait_for_picture(main, mnuArkiv.topLeft(), picture("arkiv-0"));
 
-        enter(game, main, mnuOm, Picture::om_1);
+        enter(game, main, mnuOm, picture("om-1"));
         rests("picture button lit");
         game.click(main, mnuOm);
         const WindowId about = game.window(Shown::about);
@@ -85,7 +85,7 @@ class Bench {
         game.click(about, Klar);
         game.wait_until_gone(Shown::about);
 
-        enter(game, main, butAvsluta, Picture::close_1);
+        enter(game, main, butAvsluta, picture("close-1"));
         game.click(main, butAvsluta);
         game.window(Shown::farewell);
         game.person().point_at({5, 5});
@@ -108,7 +108,7 @@ class Bench {
     }
 
     static WindowId open_menu(Game& game, WindowId main) {
-        enter(game, main, mnuArkiv, Picture::arkiv_1);
+        enter(game, main, mnuArkiv, picture("arkiv-1"));
         game.click(main, mnuArkiv);
         return game.menu();
     }
@@ -116,7 +116,7 @@ class Bench {
     static void choose_quick_new_game(Game& game, WindowId main) {
         const QRect menu = game.person().place(open_menu(game, main));
         game.person().click({menu.center().x(), menu.top() + menu.height() * 45 / 100});
-        game.wait_for_picture(main, mnuArkiv.topLeft(), Picture::arkiv_0);
+        game.wait_for_picture(main, mnuArkiv.topLeft(), picture("arkiv-0"));
         game.person().point_at(game.at(main, QPoint(380, 250)));
     }
 

@@ -13,10 +13,10 @@ namespace {
 class Bench {
    public:
     explicit Bench(int runs) : runs_(runs) {
-        QImage board = picture_image(Picture::board);
+        QImage board = picture_image(picture("board"));
         board.save(path("board.png"));
         for (int i = 0; i < 16; ++i)
-            picture_image(nth(Picture::piece_1, i / 4))
+            picture_image(nth(picture("piece-1"), i / 4))
                 .save(path("piece-" + QString::number(i) + ".png"));
     }
 

@@ -28,7 +28,7 @@ constexpr QRgb ground = qRgb(200, 150, 100);
 
 // Four pixels to the unit: a soft or a displaced edge stands out.
 TEST(Board, HolesLieWhereThePositionsFilePutsThePieces) {
-    const QImage board = picture_image(Picture::board, 4);
+    const QImage board = picture_image(picture("board"), 4);
     for (const auto& [centre, radius] : centres_and_radii()) {
         for (const QPoint way : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1)}) {
             // Half a pixel from the centre lies the middle of the first one on this way.
@@ -41,7 +41,7 @@ TEST(Board, HolesLieWhereThePositionsFilePutsThePieces) {
 }
 
 TEST(Board, GroundIsOneFlatColour) {
-    QImage board = picture_image(Picture::board).copy();
+    QImage board = picture_image(picture("board")).copy();
     QPainter painter(&board);
     painter.setBrush(QColor(ground));
     painter.setPen(Qt::NoPen);
@@ -63,7 +63,7 @@ Channels linear(const QColor& colour) {
 double luminance(const Channels& c) { return 0.2126 * c[0] + 0.7152 * c[1] + 0.0722 * c[2]; }
 
 TEST(Panel, MessageAndTurnAreReadableOnTheWood) {
-    const QImage wood = picture_image(Picture::side_panel);
+    const QImage wood = picture_image(picture("side-panel"));
     for (const QRect label : {QRect(28, 204, 131, 101), QRect(26, 90, 149, 19)})
         for (const QPoint at : points(label))
             ASSERT_GE((luminance(linear(wood.pixel(at))) + 0.05) / 0.05, 4.5) << "to black";
@@ -104,8 +104,8 @@ TEST(Counters, AreToldApartByEveryKindOfEyes) {
     for (const auto& [whose, eyes] : all_eyes) {
         for (const auto& [p, q] : pairs) {
             SCOPED_TRACE(testing::Message() << whose << ": " << p + 1 << " and " << q + 1);
-            const Channels a = seen(eyes, mean(picture_image(nth(Picture::piece_1, p))));
-            const Channels b = seen(eyes, mean(picture_image(nth(Picture::piece_1, q))));
+            const Channels a = seen(eyes, mean(picture_image(nth(picture("piece-1"), p))));
+            const Channels b = seen(eyes, mean(picture_image(nth(picture("piece-1"), q))));
             EXPECT_GT(std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]), 15);
             EXPECT_GT(std::abs(a[0] - b[0]), 3) << "lightness";
         }
@@ -115,7 +115,7 @@ TEST(Counters, AreToldApartByEveryKindOfEyes) {
 TEST(Counters, MotifsAreDifferentShapes) {
     // Where the middle of the counter is lighter than it is on average.
     const auto raised = [](int player) {
-        const QImage face = picture_image(nth(Picture::piece_1, player), 4).copy(32, 32, 40, 40);
+        const QImage face = picture_image(nth(picture("piece-1"), player), 4).copy(32, 32, 40, 40);
         const double average = luminance(mean(face));
         std::vector<bool> light;
         for (const QPoint at : points(face.rect()))

@@ -20,19 +20,19 @@ QImage canvas(double scale, QSize size) {
 
 TEST(PictureStore, KnowsTheSizes) {
     const std::pair<Picture, QSize> rows[] = {
-        {Picture::title_bar, {567, 32}}, {Picture::side_panel, {189, 378}},
-        {Picture::board, {378, 378}},    {Picture::separator, {153, 8}},
-        {Picture::piece_4, {26, 26}},    {Picture::die_6, {50, 50}},
-        {Picture::marker, {9, 9}},       {Picture::arkiv_1, {41, 20}},
-        {Picture::om_1, {39, 20}},       {Picture::minimise_1, {13, 20}},
-        {Picture::close_1, {16, 19}},    {Picture::banner_4, {148, 46}}};
+        {picture("title-bar"), {567, 32}}, {picture("side-panel"), {189, 378}},
+        {picture("board"), {378, 378}},    {picture("separator"), {153, 8}},
+        {picture("piece-4"), {26, 26}},    {picture("die-6"), {50, 50}},
+        {picture("marker"), {9, 9}},       {picture("arkiv-1"), {41, 20}},
+        {picture("om-1"), {39, 20}},       {picture("minimise-1"), {13, 20}},
+        {picture("close-1"), {16, 19}},    {picture("banner-4"), {148, 46}}};
     for (const auto& [picture, its_size] : rows) EXPECT_EQ(picture_size(picture), its_size);
 }
 
 // The stored pixels at scale one, elsewhere the master's rendering, copied and never resampled.
 TEST(PictureStore, PaintsThePixelsThemselves) {
     for (const double scale : scales) {
-        for (std::size_t i = 0; i < picture_count; ++i) {
+        for (std::size_t i = 0; i < picture_list.size(); ++i) {
             const PictureEntry& e = picture_list[i];
             const QByteArray master = bytes_of(assets + "/masters/" + e.master);
             const QRect place(e.x, e.y, e.width, e.height);
@@ -44,11 +44,13 @@ TEST(PictureStore, PaintsThePixelsThemselves) {
             QPainter painter(&shown);
             painter.translate(1, 2);  // as for a child widget
             const QTransform before = painter.worldTransform();
-            paint_picture(painter, static_cast<Picture>(i), {3, 6});
+            paint_picture(painter, nth(picture("title-bar"), static_cast<int>(i)), {3, 6});
             EXPECT_EQ(painter.worldTransform(), before);
             shown.setDevicePixelRatio(1);
             EXPECT_EQ(shown, expected) << e.name << " at " << scale;
-            EXPECT_EQ(picture_image(static_cast<Picture>(i), scale).devicePixelRatio(), scale);
+            EXPECT_EQ(picture_image(nth(picture("title-bar"), static_cast<int>(i)), scale)
+                          .devicePixelRatio(),
+                      scale);
         }
     }
 }
@@ -58,7 +60,7 @@ TEST(PictureStore, PiecesStandAtTheirExactPlaceAtEveryScale) {
         for (const QPoint at : {QPoint(14, 142), QPoint(15, 143), QPoint(35, 36), QPoint(3, 50)}) {
             QImage shown = canvas(scale, {64, 200});
             QPainter painter(&shown);
-            paint_picture(painter, Picture::piece_2, at);
+            paint_picture(painter, picture("piece-2"), at);
             QPointF sum;  // weighted by coverage
             double weight = 0;
             for (const QPoint pixel : points(shown.rect())) {
@@ -73,8 +75,8 @@ TEST(PictureStore, PiecesStandAtTheirExactPlaceAtEveryScale) {
 
 // Lines of a master that run out over the picture's edge must not show in the pixels there.
 TEST(PictureStore, HalfCoveredEdgePixelsAreHalfTransparent) {
-    for (std::size_t i = 0; i < picture_count; ++i) {
-        const QImage rendering = picture_image(static_cast<Picture>(i), 1.3);
+    for (std::size_t i = 0; i < picture_list.size(); ++i) {
+        const QImage rendering = picture_image(nth(picture("title-bar"), static_cast<int>(i)), 1.3);
         const int last = rendering.width() - 1;
         const double alpha = (picture_list[i].width * 1.3 - last) * 255;
         for (int y = 1; y + 1 < rendering.height() && picture_list[i].opaque; ++y)
@@ -87,9 +89,9 @@ TEST(PictureStoreDeathTest, ScalesTheStoredPicturesWithoutTheSvgPlugin) {
     const auto look = [] {
         QCoreApplication::setLibraryPaths({});
         EXPECT_FALSE(QImageReader::supportedImageFormats().contains("svg"));
-        EXPECT_EQ(picture_image(Picture::piece_4, 2).pixelColor(51, 51).alpha(), 0);
-        EXPECT_GT(picture_image(Picture::piece_4, 2).pixelColor(26, 30).red(), 180);
-        EXPECT_EQ(picture_image(Picture::board, 1.5).pixel(2, 2), qRgb(200, 150, 100));
+        EXPECT_EQ(picture_image(picture("piece-4"), 2).pixelColor(51, 51).alpha(), 0);
+        EXPECT_GT(picture_image(picture("piece-4"), 2).pixelColor(26, 30).red(), 180);
+        EXPECT_EQ(picture_image(picture("board"), 1.5).pixel(2, 2), qRgb(200, 150, 100));
         std::_Exit(HasFailure() ? 1 : 0);
     };
     GTEST_FLAG_SET(death_test_style, "threadsafe");

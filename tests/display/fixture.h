@@ -12,10 +12,10 @@ struct Button {
     Picture normal;  ///< the lit one is the next
 };
 inline constexpr Button buttons[] = {
-    {"mnuArkiv", mnuArkiv, Picture::arkiv_0},
-    {"mnuOm", mnuOm, Picture::om_0},
-    {"butMini", butMini, Picture::minimise_0},
-    {"butAvsluta", butAvsluta, Picture::close_0},
+    {"mnuArkiv", mnuArkiv, picture("arkiv-0")},
+    {"mnuOm", mnuOm, picture("om-0")},
+    {"butMini", butMini, picture("minimise-0")},
+    {"butAvsluta", butAvsluta, picture("close-0")},
 };
 
 /// A game that has just begun, on a desktop with a window manager.
@@ -44,10 +44,10 @@ class OnDesktop : public testing::Test {
         // as one.
         wait_for("a button to light up", [this] {
             game_.enter(main_, mnuOm);
-            return game_.shows(main_, mnuOm.topLeft(), Picture::om_1);
+            return game_.shows(main_, mnuOm.topLeft(), picture("om-1"));
         });
         point_at(bare_board);
-        game_.wait_for_picture(main_, mnuOm.topLeft(), Picture::om_0);
+        game_.wait_for_picture(main_, mnuOm.topLeft(), picture("om-0"));
     }
     void type_into(WindowId window, const std::vector<Key>& keys) {
         wait_for("the focus", [&] { return person().focus() == window; });

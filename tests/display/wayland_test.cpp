@@ -102,10 +102,10 @@ class WaylandPlay : public testing::Test {
     QRect window(QSize size) const {
         point_away();
         QPoint corner(0, 0);
-        QImage face = brusbo::picture_image(Picture::side_panel).copy(0, 0, 180, 80);
+        QImage face = brusbo::picture_image(picture("side-panel")).copy(0, 0, 180, 80);
         if (size == main_size) {
             corner = Picture1.topLeft() + QPoint(140, 0);
-            face = brusbo::picture_image(Picture::board).copy(140, 0, 100, 378);
+            face = brusbo::picture_image(picture("board")).copy(140, 0, 100, 378);
         } else if (size == farewell_size) {
             corner = {230, 8};
             face = QImage(50, 40, QImage::Format_RGB32);
@@ -135,8 +135,8 @@ class WaylandPlay : public testing::Test {
     }
     /// Expects the main window there when all input before has been handled: a button lights up.
     void expect_main_at(const QRect& place) const {
-        hover(place, mnuOm.bottomRight(), mnuOm, Picture::om_1);
-        hover(place, bare_board, mnuOm, Picture::om_0);
+        hover(place, mnuOm.bottomRight(), mnuOm, picture("om-1"));
+        hover(place, bare_board, mnuOm, picture("om-0"));
         EXPECT_EQ(compositor_.find(main_size), place);
     }
     /// Holds the mouse's button down and moves it by so much until the window has got there.
@@ -183,7 +183,7 @@ TEST_F(WaylandPlay, FromTheStartToTheEnd) {
         expect_main_at(main);
     }
 
-    hover(main, mnuArkiv.bottomRight(), mnuArkiv, Picture::arkiv_1);
+    hover(main, mnuArkiv.bottomRight(), mnuArkiv, picture("arkiv-1"));
     click(main, mnuArkiv);
     const QPoint menu = main.topLeft() + QPoint(14, 28);
     wait_for("the menu at its place", [&] {
@@ -192,7 +192,7 @@ TEST_F(WaylandPlay, FromTheStartToTheEnd) {
     });
     person().click(menu + QPoint(60, 12));  // Nytt spel
     close(start_size, Starta);
-    const QImage normal = brusbo::picture_image(Picture::arkiv_0);
+    const QImage normal = brusbo::picture_image(picture("arkiv-0"));
     wait_for("the normal button", [&] { return shows(main, mnuArkiv.topLeft(), normal); });
 
     click(main, butAvsluta);

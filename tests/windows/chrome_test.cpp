@@ -16,10 +16,10 @@ class Chrome : public Stage {
     /// The picture buttons that are lit.
     static std::string lit() {
         std::string names;
-        for (const auto& [name, light] : {std::pair("mnuArkiv", Picture::arkiv_1),
-                                          {"mnuOm", Picture::om_1},
-                                          {"butMini", Picture::minimise_1},
-                                          {"butAvsluta", Picture::close_1}})
+        for (const auto& [name, light] : {std::pair("mnuArkiv", brusbo::picture("arkiv-1")),
+                                          {"mnuOm", brusbo::picture("om-1")},
+                                          {"butMini", brusbo::picture("minimise-1")},
+                                          {"butAvsluta", brusbo::picture("close-1")}})
             if (picture(at(name)) == light) names += name;
         return names;
     }

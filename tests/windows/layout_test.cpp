@@ -234,7 +234,7 @@ TEST_F(Layout, WinnerWindowInTheWinnersColours) {
             for (const int top : {68, 110, 242})
                 EXPECT_EQ(pixel("Grattis", {16.5, top + 0.5}).name().toStdString() + "\n", strong);
             EXPECT_EQ(pixel("Grattis", {200, 30}), QColor(Qt::black));
-            EXPECT_EQ(picture(at("Grattis/imgGrattis")), nth(Picture::banner_1, winner));
+            EXPECT_EQ(picture(at("Grattis/imgGrattis")), nth(brusbo::picture("banner-1"), winner));
             EXPECT_EQ(tab_order("Grattis"), "butNytt_spel Avsluta butNytt_snabbt ");
             click("Grattis/butNytt_snabbt");
         });

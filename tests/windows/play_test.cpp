@@ -14,8 +14,7 @@ TEST_F(Play, AFullTurn) {
     start();
     std::string seen;
     world->at_pause = [&](int) {
-        const int face =
-            static_cast<int>(*picture(at("Tärning"))) - static_cast<int>(Picture::die_1);
+        const int face = picture(at("Tärning"))->index - brusbo::picture("die-1").index;
         seen += std::to_string(face + 1) + " at " + std::to_string(at("Tärning").x()) + "; ";
     };
     // Places of 450 + floor(r * 1230) twips, 15 to the pixel; faces floor(6r + 1).

@@ -198,7 +198,7 @@ std::string Stage::difference() {
                                piece.pos() == main_layout::Pjäs[b].place.pixels().topLeft();
         const bool in_place = untouched || Point(piece.x(), piece.y()) == place_of(b);
         check(numbered("Pjäs", b), piece.isHidden() == finished && (finished || in_place) &&
-                                       picture(piece) == nth(Picture::piece_1, b / 4));
+                                       picture(piece) == nth(brusbo::picture("piece-1"), b / 4));
         check(numbered("Plus", b), marker.isHidden() != is_marked(b) &&
                                        (marker.isHidden() || marker.pos() == piece.pos()));
     }
@@ -212,7 +212,7 @@ std::string Stage::difference() {
     const int face = std::max<int>(Senaste_slag, 1);
     check("Tärning", die.isEnabled() == Tärning_enabled);
     check("Tärning", die.property("Tag").toInt() == Senaste_slag);
-    check("Tärning", picture(die) == nth(Picture::die_1, face - 1));
+    check("Tärning", picture(die) == nth(brusbo::picture("die-1"), face - 1));
     check("Tärning", die.accessibleName() == QStringLiteral("Tärning, visar %1").arg(face));
     check("butNästa", visible("butNästa") == butNästa_visible);
     check("butEn_pjäs", visible("butEn_pjäs") == butEn_pjäs_visible);
@@ -225,7 +225,7 @@ std::string Stage::difference() {
     if (shown("Startfrm")) return differing;
     const bool s = player.Namn.ends_with('s') || player.Namn.ends_with('S');
     check("labVisa_tur", text("labVisa_tur") == player.Namn + (s ? " tur!" : "s tur!"));
-    check("imgVisa_tur", picture(at("imgVisa_tur")) == nth(Picture::piece_1, p - 1));
+    check("imgVisa_tur", picture(at("imgVisa_tur")) == nth(brusbo::picture("piece-1"), p - 1));
     return differing;
 }
 

@@ -121,7 +121,7 @@ WindowId Game::play() {
     click(window(Shown::start), Starta);
     const WindowId main = window(Shown::main);
     wait_until_gone(Shown::start);
-    if (scale_ == 1) wait_for_picture(main, butAvsluta.topLeft(), Picture::close_0);
+    if (scale_ == 1) wait_for_picture(main, butAvsluta.topLeft(), picture("close-0"));
     program_.wait_for_sounds("s1");
     return main;
 }
@@ -160,7 +160,7 @@ bool Game::shows(WindowId window, QPoint corner, Picture picture) const {
 
 void Game::wait_for_picture(WindowId window, QPoint corner, Picture picture) const {
     wait_for(
-        "picture " + std::to_string(static_cast<int>(picture)),
+        std::string("picture ") + picture_list[picture.index].name,
         [&] { return shows(window, corner, picture); });
 }
 
