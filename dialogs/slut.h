@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/elements.h"
 #include "platform/window.h"
 
 namespace brusbo {
@@ -12,15 +11,18 @@ class Slut : public Window {
 
    protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
    private:
     void Stäng_Click();
+    QRect inside_frame() const;
     Qt::Edges edges_at(QPoint place) const;
     void resize_to(QPoint global_place);
 
+    QWidget* inside_;      ///< holds the elements
     Qt::Edges grip_;       ///< the edges that the mouse holds
     QPoint grip_place_;    ///< where on the screen it took them
     QRect grip_geometry_;  ///< of the window at that moment

@@ -6,8 +6,8 @@
 #include <QScreen>
 #include <QWindow>
 
+#include "platform/fonts.h"
 #include "platform/input_gate.h"
-#include "platform/layout.h"
 
 namespace brusbo {
 
@@ -55,12 +55,8 @@ void Window::show_modal() {
     QEventLoop loop;
     modal_loop_ = &loop;
     show_active();
-    {
-        InputGate::Opening opening;
-        opening_ = &opening;
-        loop.exec();
-        opening_ = nullptr;
-    }
+    InputGate::instance().open_for(loop);
+    modal_loop_ = nullptr;
     windowHandle()->setTransientParent(nullptr);
     setWindowModality(Qt::NonModal);
 }
@@ -83,11 +79,7 @@ void Window::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     if (event->spontaneous()) return;
     if (active_window == this) active_window = nullptr;
-    if (modal_loop_ != nullptr) {
-        modal_loop_->quit();
-        modal_loop_ = nullptr;
-        if (opening_ != nullptr) opening_->end();
-    }
+    if (modal_loop_ != nullptr) modal_loop_->quit();
 }
 
 void Window::closeEvent(QCloseEvent* event) {
