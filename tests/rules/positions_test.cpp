@@ -8,7 +8,7 @@
 #include <sstream>
 #include <system_error>
 
-#include "tests/engine/game.h"
+#include "tests/rules/recorder.h"
 
 namespace brusbo::test {
 namespace {
@@ -87,21 +87,6 @@ TEST(PositionsFile, RecordsAndTheirSquares) {
         EXPECT_EQ(point_of(p, 45), Point(57, 57));
         for (const int r : {0, 46, 55}) EXPECT_EQ(point_of(p, r), Point(0, 0));
     }
-}
-
-TEST_F(Game, LoadingGivesPictures) {
-    const Workplace workplace;
-    Ladda_Positioner();
-    std::string expected;
-    for (int b = 0; b < piece_count; ++b) {
-        static constexpr const char* colours[] = {"Röd", "Blå", "Grön", "Gul"};
-        const std::string index = "(" + std::to_string(b) + ") ";
-        expected += "picture Pjäs" + index + "gimg" + colours[b / 4] + " 0; picture Plus" + index +
-                    "gimgPlus 0; ";
-    }
-    EXPECT_EQ(seen(), expected +
-                          "picture mnuArkiv gimgArkiv 0; picture mnuOm gimgOm 0; "
-                          "picture butMini gimgMinimera 0; picture butAvsluta GimgAvsluta 0");
 }
 
 void good_file() { fs::copy_file(good_positions, "brs.dat"); }
