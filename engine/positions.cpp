@@ -10,9 +10,8 @@
 #include <string>
 #include <system_error>
 
-#include "engine/moves.h"
+#include "engine/pieces.h"
 #include "engine/state.h"
-#include "engine/turn.h"
 #include "engine/world.h"
 
 namespace brusbo {
@@ -159,13 +158,6 @@ void Ladda_Positioner() {
     screen().set_picture(Element::mnuOm, {Store::gimgOm, 0});
     screen().set_picture(Element::butMini, {Store::gimgMinimera, 0});
     screen().set_picture(Element::butAvsluta, {Store::GimgAvsluta, 0});
-}
-
-void move_to_nest_place(int b) {
-    constexpr int apart = 42;  // pixels
-    const Spelardata& owner = Spelare[b / pieces_each + 1];
-    screen().move({Element::Pjäs, b}, owner.Bo_x + apart * (b % 2),
-                  owner.Bo_y + apart * (b % pieces_each / 2));
 }
 
 }  // namespace brusbo

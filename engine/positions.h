@@ -24,7 +24,4 @@ void read_positions(std::istream& file);
 /// nothing anywhere. Throws std::system_error (result_out_of_range) for a number outside 32 bits.
 std::int32_t whole_number(std::string_view text);
 
-/// Places piece picture b, 0..15, at its fixed place in its owner's nest.
-void move_to_nest_place(int b);
-
 }  // namespace brusbo
