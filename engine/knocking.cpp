@@ -1,9 +1,8 @@
 #include "engine/knocking.h"
 
-#include "engine/die.h"
-#include "engine/positions.h"
+#include "engine/pieces.h"
 #include "engine/state.h"
-#include "engine/world.h"
+#include "engine/turn.h"
 
 namespace brusbo {
 

@@ -7,12 +7,13 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <system_error>
 
-#include "engine/moves.h"
+#include "engine/pieces.h"
 #include "engine/state.h"
-#include "engine/turn.h"
 #include "engine/world.h"
 
 namespace brusbo {
@@ -24,7 +25,7 @@ constexpr int longest_text = record_size - 2;
 constexpr int goal_record = 57;
 
 [[noreturn]] void stop(int error, const std::filesystem::path& path) {
-    throw std::system_error(error, std::generic_category(), path.string());
+    throw std::system_error(error, std::generic_category(), "Kan inte öppna " + path.string());
 }
 
 /// Opens without truncating; a missing file is created.
@@ -33,40 +34,16 @@ std::fstream open_positions(const std::filesystem::path& path) {
     const auto kind = std::filesystem::status(path, ignored).type();
     // Neither has records to go to; opening a pipe could also wait for ever.
     if (kind == std::filesystem::file_type::directory) stop(EISDIR, path);
-    if (kind == std::filesystem::file_type::fifo || kind == std::filesystem::file_type::socket)
-        stop(ESPIPE, path);
+    if (kind == std::filesystem::file_type::fifo) stop(ESPIPE, path);
 
     using std::ios;
-    errno = 0;
     std::fstream file(path, ios::in | ios::out | ios::app | ios::binary);
     if (!file.is_open()) {
-        const int error = errno != 0 ? errno : EIO;
+        const int error = errno;
         file.open(path, ios::in | ios::binary);
         if (!file.is_open()) stop(error, path);
     }
-    file.seekg(0);
-    if (!file) stop(ESPIPE, path);
     return file;
-}
-
-/// The value of record n, 1..113; what lies behind the end of the file reads as zero bytes.
-std::int32_t record_value(std::istream& file, int n) {
-    std::array<char, record_size> record{};
-    file.clear();
-    file.seekg(std::streamoff{record_size} * (n - 1));
-    if (file) file.read(record.data(), record_size);
-    const std::string place = "brs.dat, record " + std::to_string(n);
-    if (file.bad()) throw std::system_error(EIO, std::generic_category(), place);
-
-    const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(record[at]); };
-    const unsigned length = byte(0) + 256U * byte(1);
-    if (length > longest_text)
-        throw std::system_error(std::make_error_code(std::errc::bad_message), place);
-    try {
-        return whole_number({record.data() + 2, length});
-    } catch (const std::system_error& error) {
-        throw std::system_error(error.code(), place);
-    }
 }
 
 /// Copies the characters that can continue a number, blanks left out, to `number`; what follows an
@@ -93,9 +70,10 @@ std::size_t copy_number(std::string_view text, char* number) {
     return complete;
 }
 
-}  // namespace
-
-std::int32_t whole_number(std::string_view text) {
+/// The number that a text starts with, rounded to the nearest whole number, halves to the even
+/// neighbour; 0 for a text that starts with no number. Blanks, tabs and line feeds count for
+/// nothing anywhere. Throws for a number outside 32 bits, with the place in the message.
+std::int32_t whole_number(std::string_view text, const std::string& place) {
     std::string number(text.size(), '\0');
     number.resize(copy_number(text, number.data()));
     // from_chars knows no plus in front of the number.
@@ -117,9 +95,26 @@ std::int32_t whole_number(std::string_view text) {
     const double rounded = up ? below + 1 : below;
     if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
           rounded <= std::numeric_limits<std::int32_t>::max()))
-        throw std::system_error(std::make_error_code(std::errc::result_out_of_range), "brs.dat");
+        throw std::system_error(std::make_error_code(std::errc::result_out_of_range), place);
     return static_cast<std::int32_t>(rounded);
 }
+
+/// The value of record n, 1..113; what lies behind the end of the file reads as zero bytes.
+std::int32_t record_value(std::istream& file, int n) {
+    std::array<char, record_size> record{};
+    file.clear();
+    file.seekg(std::streamoff{record_size} * (n - 1));
+    if (file) file.read(record.data(), record_size);
+    const std::string place = "brs.dat, post " + std::to_string(n);
+    if (file.bad()) throw std::system_error(EIO, std::generic_category(), place);
+
+    const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(record[at]); };
+    const unsigned length = byte(0) + 256U * byte(1);
+    if (length > longest_text) throw std::runtime_error(place + ": texten är längre än posten");
+    return whole_number({record.data() + 2, length}, place);
+}
+
+}  // namespace
 
 void read_positions(std::istream& file) {
     constexpr int ring = 40;
@@ -159,13 +154,6 @@ void Ladda_Positioner() {
     screen().set_picture(Element::mnuOm, {Store::gimgOm, 0});
     screen().set_picture(Element::butMini, {Store::gimgMinimera, 0});
     screen().set_picture(Element::butAvsluta, {Store::GimgAvsluta, 0});
-}
-
-void move_to_nest_place(int b) {
-    constexpr int apart = 42;  // pixels
-    const Spelardata& owner = Spelare[b / pieces_each + 1];
-    screen().move({Element::Pjäs, b}, owner.Bo_x + apart * (b % 2),
-                  owner.Bo_y + apart * (b % pieces_each / 2));
 }
 
 }  // namespace brusbo

@@ -10,7 +10,7 @@
 
 #include "dialogs/program.h"
 #include "engine/engine.h"
-#include "tests/engine/common.h"
+#include "tests/rules/common.h"
 
 namespace brusbo::test {
 
