@@ -51,8 +51,7 @@ bool PictureButtons::eventFilter(QObject* receiver, QEvent* event) {
     if (event->type() == QEvent::MouseMove && receiver->isWidgetType()) {
         const Row* const row =
             capture_ != nullptr ? capture_ : std::ranges::find(rows_, receiver, &Row::button);
-        if (row != std::end(rows_))
-            mouse_moved(*row, static_cast<QMouseEvent*>(event)->globalPosition());
+        if (row != std::end(rows_)) mouse_moved(*row, InputGate::instance().pointer());
     } else if (event->type() == QEvent::Leave && receiver->isWindowType() && capture_ != nullptr) {
         // The pointer may leave the program's windows in one leap; a window that merely opens
         // under it makes no movement.

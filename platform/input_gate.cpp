@@ -103,7 +103,11 @@ void InputGate::pause(int milliseconds) {
 }
 
 bool InputGate::eventFilter(QObject* receiver, QEvent* event) {
-    if (!closed()) return false;
+    if (!closed()) {
+        if (receiver->isWindowType() && event->isSinglePointEvent())
+            pointer_ = static_cast<QSinglePointEvent*>(event)->globalPosition();
+        return false;
+    }
     // Its key follows as an event of its own.
     if (event->type() == QEvent::ShortcutOverride) return true;
     if (!is_input(*receiver, event->type())) return false;

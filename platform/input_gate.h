@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QEvent>
 #include <QEventLoop>
 #include <QObject>
+#include <QPointF>
 #include <chrono>
 #include <deque>
 #include <functional>
@@ -46,6 +46,10 @@ class InputGate : public QObject {
     /// Whether input that arrives now is kept.
     bool closed() const { return state_.held() || (!kept_.empty() && !state_.delivering); }
 
+    /// Where on the screen the mouse's event happened that a widget is told of, device pixels as
+    /// fractions, which the widget's own event has lost.
+    QPointF pointer() const { return pointer_; }
+
    protected:
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
@@ -65,6 +69,7 @@ class InputGate : public QObject {
     State state_;
     std::deque<Function> kept_;
     bool movement_last_ = false;  ///< the last one kept is a movement of the mouse
+    QPointF pointer_;
     std::chrono::steady_clock::time_point deadline_;  ///< of the action's last pause
 };
 
