@@ -10,17 +10,15 @@
 namespace brusbo::test {
 namespace {
 
-std::string record(std::string_view text, std::size_t length) {
-    std::string bytes = {static_cast<char>(length % 256), static_cast<char>(length / 256)};
-    bytes += text;
-    bytes.resize(128, '7');  // behind the text anything may stand
-    return bytes;
+/// A record of this length; behind the text anything may stand.
+std::string record(const std::string& text, std::size_t length) {
+    std::string bytes{static_cast<char>(length % 256), static_cast<char>(length / 256)};
+    return bytes + text + std::string(126 - text.size(), '7');
 }
-std::string record(std::string_view text) { return record(text, text.size()); }
+std::string record(const std::string& text) { return record(text, text.size()); }
 
 /// "x y" of player 1's first square, or the error that stops the reading.
-template <typename Read>
-std::string outcome(Read read) {
+std::string outcome(const std::function<void()>& read) {
     try {
         read();
     } catch (const std::runtime_error& error) {
@@ -37,13 +35,14 @@ std::string outcome_of_bytes(const std::string& bytes) {
 
 TEST(PositionsFile, TextsAndTheirValues) {
     using namespace std::string_literals;
+    const std::string outside = "brs.dat, post 1: Numerical result out of range";
     const std::string rows[] = {
         // clang-format off
         "176=176", "=0", "  1 2  3=123", "\t4\n2 =42", "- 5=-5", "+7=7", "12abc=12", "abc12=0",
         "45.5=46", "44.5=44", "0.5=0", "-0.5=0", "-45.5=-46", "-44.5=-44", "44.51=45", "45.49=45",
         "1.2.3=1", ".6=1", "5.=5", ".=0", "+-5=0", "1-2=1", "1,5=1", "1\r2=1", "1\0002=1"s,
         "\2403=0", "1e2=100", "1 E + 2=100", "15e-1=2", "3e=3", "3e+=3", "3ex=3", "e3=0",
-        "2e1e1=20", "1d2=1", "0x1F=0", "&H1F=0", "inf=0", "nan=0", "2147483647.4=2147483647",
+        "2e1e1=20", "2e1.5=20", "1d2=1", "0x1F=0", "&H1F=0", "inf=0", "nan=0", "2147483647.4=2147483647",
         "-2147483648.5=-2147483648", "2147483647.5=outside", "-2147483649=outside",
         "1e400=outside", "-1e99999999999999999999=outside", "1e-400=0",
         "0e99999999999999999999=0",
@@ -63,7 +62,6 @@ TEST(PositionsFile, LengthsAndShortFiles) {
     EXPECT_EQ(outcome_of_bytes("\3"), "0 0");                     // half a length
     EXPECT_EQ(outcome_of_bytes({'\3', '\0', '1', '2'}), "12 0");  // half a text
     EXPECT_EQ(outcome_of_bytes(record("1234", 2)), "12 0");
-    EXPECT_EQ(outcome_of_bytes(record(std::string(126, ' '))), "0 0");
     for (const std::size_t length : {127U, 256U, 65535U})
         EXPECT_EQ(outcome_of_bytes(record("1") + record("1", length)),
                   "brs.dat, post 2: texten är längre än posten");
