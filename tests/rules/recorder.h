@@ -5,12 +5,10 @@
 #include <algorithm>
 #include <cstdint>
 #include <functional>
-#include <initializer_list>
 #include <map>
 #include <regex>
 #include <sstream>
 #include <string>
-#include <string_view>
 
 #include "engine/engine.h"
 #include "tests/rules/common.h"
