@@ -46,53 +46,30 @@ std::fstream open_positions(const std::filesystem::path& path) {
     return file;
 }
 
-/// Copies the characters that can continue a number, blanks left out, to `number`; what follows an
-/// incomplete exponent is left out too. Returns how many.
-std::size_t copy_number(std::string_view text, char* number) {
-    std::size_t size = 0;
-    std::size_t complete = 0;  // up to here it is a number even if nothing more follows
-    bool point = false;
-    bool exponent = false;
-    bool sign_allowed = true;
-    for (const char c : text) {
-        if (c == ' ' || c == '\t' || c == '\n') continue;
-        if (c >= '0' && c <= '9')
-            complete = size + 1;
-        else if (c == '.' && !point && !exponent)
-            point = true;
-        else if ((c == 'e' || c == 'E') && !exponent && complete != 0)
-            exponent = true;
-        else if ((c != '+' && c != '-') || !sign_allowed)
-            break;
-        sign_allowed = c == 'e' || c == 'E';
-        number[size++] = c;
-    }
-    return complete;
-}
-
 /// The number that a text starts with, rounded to the nearest whole number, halves to the even
 /// neighbour; 0 for a text that starts with no number. Blanks, tabs and line feeds count for
 /// nothing anywhere. Throws for a number outside 32 bits, with the place in the message.
 std::int32_t whole_number(std::string_view text, const std::string& place) {
-    std::string number(text.size(), '\0');
-    number.resize(copy_number(text, number.data()));
-    // from_chars knows no plus in front of the number.
+    // from_chars would also read words for numbers, but no plus in front.
+    std::string number;
+    for (const char c : text) {
+        if (c == ' ' || c == '\t' || c == '\n') continue;
+        if (std::string_view("0123456789.eE+-").find(c) == std::string_view::npos) break;
+        number += c;
+    }
     std::string_view digits = number;
-    if (digits.starts_with('+')) digits.remove_prefix(1);
+    if (digits.starts_with('+')) digits.remove_prefix(digits.starts_with("+-") ? digits.size() : 1);
 
     double value = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
-        // Too small for a double is zero, too large is too large for 32 bits all the more.
-        const auto e = digits.find_first_of("eE");
-        const bool tiny = e != std::string_view::npos && digits[e + 1] == '-';
+        // A text so short leaves the range of a double by its exponent alone. Too small is zero,
+        // too large is too large for 32 bits all the more.
+        const bool tiny = digits[digits.find_first_of("eE") + 1] == '-';
         value = tiny ? 0 : std::numeric_limits<double>::infinity();
     }
 
-    const double below = std::floor(value);
-    const double fraction = value - below;
-    const bool up = fraction > 0.5 || (fraction == 0.5 && std::fmod(below, 2.0) != 0.0);
-    const double rounded = up ? below + 1 : below;
+    const double rounded = std::nearbyint(value);  // halves to the even neighbour
     if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
           rounded <= std::numeric_limits<std::int32_t>::max()))
         throw std::system_error(std::make_error_code(std::errc::result_out_of_range), place);

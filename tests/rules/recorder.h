@@ -5,12 +5,10 @@
 #include <algorithm>
 #include <cstdint>
 #include <functional>
-#include <initializer_list>
 #include <map>
 #include <regex>
 #include <sstream>
 #include <string>
-#include <string_view>
 
 #include "engine/engine.h"
 #include "tests/rules/common.h"
@@ -95,7 +93,7 @@ class Recorder final : public Screen, public Services {
 struct Row {
     const char* purpose;
     /// "2 throws 6: 0 0 0 0 / 5 0 55 9": the current player, the throw (left out: none yet) and
-    /// the squares of players 1, 2, ...; who is not named takes no part or is in the nest.
+    /// the squares of players 1, 2, ...; pieces of who is not named are in the nest.
     const char* before;
     std::function<void()> click;
     const char* heard;  ///< as `Recorder::heard`
@@ -103,17 +101,16 @@ struct Row {
     std::string after;  ///< as `Game::situation`; "" when it stays as it is
 };
 
-/// The first game of a run with the committed positions file, two players, sound on, as when the
+/// The first game of a run with the committed positions file, four players, sound on, as when the
 /// main window opens.
 class Game : public testing::Test {
    protected:
     Game() {
         reset_to_program_start();
         set_world(recorder, recorder);
-        Antal_spelare = 2;
+        Antal_spelare = 4;
         Ljud_på = true;
-        const Workplace workplace;
-        std::filesystem::copy_file(good_positions, "brs.dat");
+        std::filesystem::current_path(good_positions.parent_path());
         Ladda_Positioner();
         Nollställ_spelare();
         for (int p = 1; p <= most_players; ++p) Spelare[p].Namn = std::to_string(p);
@@ -127,10 +124,8 @@ class Game : public testing::Test {
         int face = 0;
         words >> Aktuell_spelare >> word;
         if (word == "throws") words >> face >> word;
-        Antal_spelare = std::max<std::int16_t>(2, Aktuell_spelare);
-        for (std::int16_t player = 1; words; words >> word, ++player) {
+        for (int player = 1; words; words >> word, ++player) {
             Spelardata& data = Spelare[player];
-            Antal_spelare = std::max(Antal_spelare, player);
             for (std::int16_t& square : data.Ruta) words >> square;
             const auto on = [&](int square) { return std::ranges::count(data.Ruta, square); };
             data.Antal_i_boet = static_cast<std::uint8_t>(on(square_nest));
@@ -138,13 +133,8 @@ class Game : public testing::Test {
         }
         for (int b = 0; b < piece_count; ++b) Pjäs_visible[b] = square_of(b) != square_finished;
         Har_flyttat = true;
-        if (face != 0) throw_die(face);
+        if (face != 0) recorder.dice.script(face), Tärning_Click();
         recorder.heard = recorder.told = "";
-    }
-
-    void throw_die(int face) {
-        recorder.dice.script(face);
-        Tärning_Click();
     }
 
     void run(std::initializer_list<Row> rows) {
