@@ -6,7 +6,7 @@
 
 namespace brusbo {
 
-class SoundRequests;
+struct SoundRequests;
 
 /// The sound of the program. The first play starts a thread, which loads what playing needs; until
 /// then sound costs nothing. Where that cannot be had the program is silent.
