@@ -1,12 +1,13 @@
 #include "dialogs/program.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QPalette>
 #include <QPixmapCache>
 #include <QStyleFactory>
 #include <QThreadPool>
 #include <exception>
+#include <filesystem>
+#include <system_error>
 
 #include "engine/engine.h"
 #include "platform/accessible.h"
@@ -40,8 +41,8 @@ void Program::load_MFrm() {
 }
 
 void Program::play_sound(std::string_view file_name) {
-    const auto name = QString::fromUtf8(file_name.data(), static_cast<qsizetype>(file_name.size()));
-    sound_.play(QDir::current().filePath(name));
+    std::error_code gone;
+    sound_.play(std::filesystem::current_path(gone) / file_name);
 }
 
 void Program::pause(int milliseconds) { gate_.pause(milliseconds); }
