@@ -151,7 +151,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     Silent players;
-    connect(players, players);
+    set_world(players, players);
     load();
     play_throws(players, 5'000);  // buffers have their size from here on
 
