@@ -36,7 +36,7 @@ void Program::load_MFrm() {
         MFrm::Form_Load();
     } catch (const std::exception& error) {
         stop_with_message(QStringLiteral("Brusbo kan inte starta.\n\n") +
-                          QString::fromLocal8Bit(error.what()));
+                          QString::fromUtf8(error.what()));
     }
 }
 
