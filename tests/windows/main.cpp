@@ -19,6 +19,7 @@ int main(int argc, char** argv) {
             if (!said.startsWith(QLatin1String("This plugin does not support")))
                 std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, where, said)));
         });
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     QDir::setCurrent(started_in);

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QEventLoop>
 #include <QWidget>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,96 +22,98 @@ class World final : public Program {
    public:
     Dice dice;
     std::function<void(int number)> at_pause = [](int) {};  ///< counted from 1
-    std::function<void()> at_sound = [] {};
+    std::string heard;                                      ///< as " s3 s2 beep"
     int pauses = 0;
     int winners = 0;
     int pauses_to_real_one = 1;  ///< the others do not let the event loop run
 
-    /// What was heard since the last call, as "s3 s2 beep".
-    std::string heard() { return std::exchange(heard_, {}); }
-
-    void play_sound(std::string_view file_name) override {
-        note(file_name.substr(0, 2));
-        at_sound();
-    }
+    void play_sound(std::string_view file_name) override { note(file_name.substr(0, 2)); }
+    void beep() override { note("beep"); }
     void pause(int) override {
         at_pause(++pauses);
         if (pauses % pauses_to_real_one == 0) Program::pause(0);
     }
     float random_value() override { return dice.next(); }
-    void beep() override { note("beep"); }
     void show_Grattis() override {
         ++winners;
         Program::show_Grattis();
     }
 
    private:
-    void note(std::string_view what) { (heard_ += heard_.empty() ? "" : " ") += what; }
-
-    std::string heard_;
+    void note(std::string_view sound) { (heard += " ") += sound; }
 };
 
 /// "Pjäs(3)"
-std::string numbered(const std::string& name, int index);
+inline std::string numbered(const std::string& name, int index) {
+    return name + "(" + std::to_string(index) + ")";
+}
 
-/// The program in a directory of its own, and hands to play with it. Elements are named as
-/// "Pjäs(3)" in the main window and as "Startfrm/Starta" elsewhere.
+/// The program in a directory of its own, and a player who does what words say, one after the
+/// other, each as soon as what came before has ended or waits in a modal window or a menu:
+///
+///   Pjäs(3)  frmOm/Klar     a click on an element of the main window, of another one
+///   MFrm@320,5  +10,-5      a click at a place of it, so far from the latest place
+///   4                       a throw
+///   2=7,0,0,55              player 2's pieces are put on these squares
+///   verb:object             see Stage::perform
+///   @2:word                 comes in the second pause of the next word
+///   !word                   does not wait
 class Stage : public testing::Test {
    protected:
     Stage();
     ~Stage() override;
 
-    void begin();  ///< starts the program, anew if need be
-    void load();   ///< and returns when the main window has been loaded
-    /// And presses Starta, with the first `players` boxes open.
-    void start(int players = 2);
+    void begin();                                ///< starts the program, anew if need be
+    void start(const std::string& before = {});  ///< and presses Starta after these words
+
+    /// Does what the words say and tells what followed: sounds, and of facts() what changed.
+    /// Whenever the program is at rest the screen must show the state and the state be sound.
+    std::string play(const std::string& words);
+    void perform(const std::string& word);
 
     static QWidget* window(const std::string& name);  ///< nullptr where there is none
     static bool shown(const std::string& name);
     static QWidget& at(const std::string& element);
-    template <class Widget>
-    static Widget& as(const std::string& element) {
-        return dynamic_cast<Widget&>(at(element));
-    }
-    static std::string text(const std::string& element);
-    static bool visible(const std::string& element) { return !at(element).isHidden(); }
-    static std::optional<Picture> picture(const QWidget& element);
-    /// The colour that is painted at a place of a window.
-    static QColor pixel(const std::string& window, QPointF place);
+    static QWidget& front();  ///< the window or menu that has the input
+    /// What a screen reader says of it, or what has been written into it.
+    static std::string text(QWidget& element);
+    static void place(int player, std::string squares);
+    /// What is unsound in the state, or the elements of the main window that do not show it.
+    static std::string fault();
+    static std::string lit();  ///< the picture buttons that do not look as they did at first
 
-    // Input as the window system delivers it: to a window, at a place.
-    static void click(const std::string& element, Qt::MouseButton button = Qt::LeftButton);
-    static void hover(QPoint place_in_main_window);
-    static void key(const std::string& window, Qt::Key key, Qt::KeyboardModifiers held = {});
-    static void request_close(const std::string& window);
-    static void press_accessibly(const std::string& element);
+    virtual std::string next_word();  ///< nothing at the end
+    virtual void note();              ///< between words: what has followed
 
-    /// Does something as soon as there is cause, also inside a modal window's or a menu's loop.
-    void when(std::function<bool()> cause, std::function<void()> act);
-    void when_shown(const std::string& window, std::function<void()> act);
-    void in_menu(std::function<void()> act);
-    /// Clicks on an element as soon as its window is shown.
-    void answer(const std::string& element);
-    /// Lets everything happen that is under way.
-    static void settle();
-
-    /// Throws (their faces) and clicks (element names), one after the other as "6 butTvå_pjäser".
-    /// Returns what was heard.
-    std::string play(const std::string& moves);
-    /// Places a player's four pieces, as "5 0 0 55", on the board's picture too.
-    static void place(int player, const std::string& squares);
-    /// The current player wins; `answer` is given to the winner window.
-    void win(std::function<void()> answer);
-
-    /// The elements of the main window that show something else than the state has; or empty.
-    static std::string difference();
-
+    std::map<std::string, std::function<void(const std::string&)>> verbs;  ///< more of them
     std::unique_ptr<World> world;
-    std::vector<int> ends;  ///< exit codes with which the program wanted to end
+    std::string told;            ///< what followed up to now
+    bool delivers_late = false;  ///< input stays in the queue until an event loop comes to it
+    std::vector<int> ends;       ///< exit codes with which the program wanted to end
 
    private:
+    struct Spot {
+        QWidget* top;
+        QPointF place;
+    };
+
+    Spot spot(const std::string& text) const;
+    void use_mouse(const Spot& spot, QEvent::Type type, Qt::MouseButton button);
+    void use_keys(QWidget& top, const std::string& keys, bool repeated);
+    void flush() const;
+    std::vector<std::string> facts() const;
+    void go_on();
+    void perform_in_pause(int number);
+
     const Workplace workplace_;
-    int awaited_ = 0;
+    std::vector<std::string> words_, facts_;
+    std::multimap<int, std::string> for_pauses_;
+    std::string word_;
+    QObject ticker_;
+    QEventLoop* loop_ = nullptr;
+    int busy_level_ = 0, calm_ = 0, time_ = 1'000'000;
+    QPointF pointer_;  ///< on the screen
+    QPoint home_;      ///< where the main window stood when the game began
 };
 
 }  // namespace brusbo::test
