@@ -24,29 +24,29 @@ class World final : public Program {
     std::function<void(int number)> at_pause = [](int) {};  ///< counted from 1
     std::string heard;                                      ///< as " s3 s2 beep"
     int pauses = 0;
-    int winners = 0;
     int pauses_to_real_one = 1;  ///< the others do not let the event loop run
 
-    void play_sound(std::string_view file_name) override { note(file_name.substr(0, 2)); }
-    void beep() override { note("beep"); }
+    void play_sound(std::string_view file_name) override {
+        (heard += " ") += file_name.substr(0, 2);
+    }
+    void beep() override { heard += " beep"; }
     void pause(int) override {
         at_pause(++pauses);
         if (pauses % pauses_to_real_one == 0) Program::pause(0);
     }
     float random_value() override { return dice.next(); }
-    void show_Grattis() override {
-        ++winners;
-        Program::show_Grattis();
-    }
-
-   private:
-    void note(std::string_view sound) { (heard += " ") += sound; }
 };
 
 /// "Pjäs(3)"
 inline std::string numbered(const std::string& name, int index) {
     return name + "(" + std::to_string(index) + ")";
 }
+
+struct MouseVerb {
+    std::string verb;
+    Qt::MouseButton button;
+    std::vector<QEvent::Type> events;
+};
 
 /// The program in a directory of its own, and a player who does what words say, one after the
 /// other, each as soon as what came before has ended or waits in a modal window or a menu:
@@ -55,7 +55,7 @@ inline std::string numbered(const std::string& name, int index) {
 ///   MFrm@320,5  +10,-5      a click at a place of it, so far from the latest place
 ///   4                       a throw
 ///   2=7,0,0,55              player 2's pieces are put on these squares
-///   verb:object             see Stage::perform
+///   verb:object             see Stage::Stage and mouse_verbs
 ///   @2:word                 comes in the second pause of the next word
 ///   !word                   does not wait
 class Stage : public testing::Test {
@@ -92,15 +92,9 @@ class Stage : public testing::Test {
     std::vector<int> ends;       ///< exit codes with which the program wanted to end
 
    private:
-    struct Spot {
-        QWidget* top;
-        QPointF place;
-    };
-
-    Spot spot(const std::string& text) const;
-    void use_mouse(const Spot& spot, QEvent::Type type, Qt::MouseButton button);
-    void use_keys(QWidget& top, const std::string& keys, bool repeated);
-    void flush() const;
+    std::pair<QWidget*, QPointF> spot(const std::string& text) const;
+    void use_mouse(const MouseVerb& verb, const std::string& object);
+    static void use_keys(QWidget& top, const std::string& keys, bool repeated = false);
     std::vector<std::string> facts() const;
     void go_on();
     void perform_in_pause(int number);
