@@ -114,13 +114,13 @@ class Desktop(contextlib.ExitStack):
 
 
 class Game:
-    """The program, started in a folder with a copy of its data."""
+    """The program, started in a copy of its data or in another folder."""
 
-    def __init__(self, desktop, *arguments, scale=1, command=(PROGRAM,), positions=b"", environment=None):
+    def __init__(
+        self, desktop, *arguments, command=(PROGRAM,), scale=1, folder=None, environment=None
+    ):
         self.desktop, self.hand, self.scale = desktop, desktop.hand, scale
-        folder = shutil.copytree(DATA, desktop.home / "game", dirs_exist_ok=True)
-        if positions:
-            (folder / "brs.dat").write_bytes(positions)
+        folder = folder or shutil.copytree(DATA, desktop.home / "game")
         # The files are numbered from 1 as the sounds are. Each play opens one anew; without the
         # closing in between, two plays in a row would be one event.
         libc = ctypes.CDLL(None)

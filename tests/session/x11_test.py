@@ -122,7 +122,9 @@ class X11(unittest.TestCase):
         game.find("start")
 
     def test_tells_of_a_bad_positions_file_before_it_shows_a_window(self):
-        game = self.start(manager=(), positions=b"\xff" * 128)
+        folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
+        (folder / "brs.dat").write_bytes(b"\xff" * 128)
+        game = self.start(manager=(), folder=folder)
         shown = set()
 
         def has_told():
