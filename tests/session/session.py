@@ -38,6 +38,7 @@ PLACES = {
     "butAvsluta": ("main", 546, 10, 16, 19),
     "die": ("main", 52, 184, 10, 10),  # before its first throw
     "Nytt spel (snabbt)": ("main", 60, 53, 40, 10),
+    "die row": ("main", 32, 164, 132, 50),
     "message": ("main", 30, 240, 131, 101),
     "butEn_pjäs": ("main", 24, 360, 143, 17),  # or butNästa
     "board": ("main", 190, 36, 378, 378),
