@@ -238,7 +238,9 @@ class Game:
         self.hand("click", 1)
 
         def is_at_its_place():
-            both = list(zip(before, self.look("all")))
+            # An arrow to the right of this may still be on its way.
+            width = 4 * 45 * self.scale
+            both = [(a[:width], b[:width]) for a, b in zip(before, self.look("all"))]
             left = min(len(os.path.commonprefix(row)) // 4 for row in both)
             top = next((y for y, row in enumerate(both) if len(set(row)) > 1), 0)
             return (left, top) == (14 * self.scale, 28 * self.scale)
