@@ -1,4 +1,4 @@
-"""A display of its own, a person's hands, eyes and ears at it, and the program as players get it."""
+"""A display, a person's hands, eyes and ears at it, and the program as players get it."""
 import contextlib
 import ctypes
 import mmap
@@ -69,8 +69,8 @@ class Desktop(contextlib.ExitStack):
         self.environment = dict.fromkeys(names, str(self.home))
         self.environment |= {"PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8"}
         told, tell = os.pipe()
-        server = f"Xvfb -displayfd {tell} -ac -nocursor -noreset -nolisten tcp -screen 0 1920x1400x24"
-        self.start(*server.split(), "-fbdir", self.home, pass_fds=[tell])
+        server = f"Xvfb -displayfd {tell} -ac -nocursor -noreset -screen 0 1920x1400x24 -fbdir"
+        self.start(*server.split(), self.home, pass_fds=[tell])
         os.close(tell)
         with open(told, encoding="ascii") as number:
             self.environment["DISPLAY"] = ":" + number.readline().strip()
