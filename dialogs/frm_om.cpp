@@ -13,8 +13,10 @@ constexpr Label::Look heading{Font::bold, 0xFFFFFF00};
 constexpr Label::Look statement{Font::bold, 0xFFFFFFFF};
 constexpr Label::Look credit{Font::regular, 0xFFFFFFFF};
 
+}  // namespace
+
 /// The about window's table.
-struct Elements {
+struct frmOm::Elements {
     QWidget* window;
 
     std::vector<Image*> imgLinje =
@@ -35,8 +37,6 @@ struct Elements {
     CommandButton& Klar = *new CommandButton(window, {"Klar", {56, 320, 71, 33}, "Klar"}, "Klar",
                                              0xFFFFE0C0, Font::large);
 };
-
-}  // namespace
 
 frmOm::frmOm()
     : Window("frmOm", "Om...",

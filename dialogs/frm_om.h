@@ -16,6 +16,8 @@ class frmOm : public Window {
     void paintEvent(QPaintEvent* event) override;
 
    private:
+    struct Elements;
+
     void Klar_Click();
 
     Picture background_;

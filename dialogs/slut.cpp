@@ -53,8 +53,10 @@ class TextBox : public QPlainTextEdit {
     }
 };
 
+}  // namespace
+
 /// The farewell window's table.
-struct Elements {
+struct Slut::Elements {
     QWidget* window;
 
     Label& Label1 = *new Label(window, {"Label1", {14, 10, 187, 29}, "Läs detta!"},
@@ -65,8 +67,6 @@ struct Elements {
     CommandButton& Stäng = *new CommandButton(window, {"Stäng", {236, 178, 65, 25}, "Stäng"},
                                               "Stäng", window->palette().color(QPalette::Button));
 };
-
-}  // namespace
 
 Slut::Slut()
     : Window("Slut", "", Qt::Window | Qt::FramelessWindowHint, {312, 212}),

@@ -17,6 +17,8 @@ class Slut : public Window {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
    private:
+    struct Elements;
+
     void Stäng_Click();
     QRect inside_frame() const;
     Qt::Edges edges_at(QPoint place) const;
