@@ -160,9 +160,8 @@ TEST_F(Manners, OfTheTitleBar) {
         {"mnuArkiv menu/mnuAvsluta",
          "s2 [MFrm* menu] lit:mnuArkiv s1 s1 [MFrm Slut*] lit: focus:Stäng "
          "Slut,128,101,312,212"},
-        {"mnuArkiv menu/nada key:Escape mnuArkiv reader:mnuArkiv",
-         "s2 [MFrm* menu] lit:mnuArkiv s1 [MFrm] lit: s2 [MFrm* menu] lit:mnuArkiv s1 s1 "
-         "[MFrm] lit:"},
+        {"mnuArkiv key:Escape mnuArkiv reader:mnuArkiv",
+         "s2 [MFrm* menu] lit:mnuArkiv s1 [MFrm] lit: [MFrm* menu] s1 s1 [MFrm]"},
         {"mnuArkiv key:Shift+F2 held:F2 key:F2 Startfrm/Starta",
          "s2 [MFrm* menu] lit:mnuArkiv [Startfrm* MFrm] focus:Starta resets:1 s1 s1 [MFrm] "
          "lit: focus:"},
@@ -183,13 +182,21 @@ TEST_F(Manners, OfTheTitleBar) {
          "lit:butAvsluta s1 end:0"},
         {"close:MFrm key:Return", "s1 [MFrm Slut*] focus:Stäng Slut,128,101,312,212 s1 end:0"},
         // By its frame the farewell window changes its size, down to a smallest one.
-        {"butAvsluta press:Slut@311,100 pull:+30,5 drop:+0,0 hover:+5,5 press:Slut@1,1 "
+        {"butAvsluta press:Slut@311,211 pull:+30,5 drop:+0,0 hover:+5,5 press:Slut@1,1 "
          "pull:+-10,-20 drop:+0,0 press:Slut@100,1 pull:+5,90 drop:+0,0 press:Slut@1,50 "
-         "pull:+400,0 drop:+0,0 press_right:Slut@1,30 pull_right:+-50,0 drop_right:+0,0 "
-         "press:Slut@119,59 pull:+9,8 drop:+0,0",
+         "pull:+400,0 drop:+0,0 press_right:Slut@1,30 pull_right:+-50,0 drop_right:+0,0",
          "s2 s1 [MFrm Slut*] lit:butAvsluta focus:Stäng Slut,128,101,312,212 lit: "
-         "Slut,128,101,342,212 Slut,118,81,352,232 Slut,118,171,352,142 "
-         "Slut,350,171,120,142 Slut,350,171,129,142"},
+         "Slut,128,101,342,217 Slut,118,81,352,237 Slut,118,171,352,147 "
+         "Slut,350,171,120,147"},
+        {"butAvsluta press:Slut@311,211 pull:+-400,-400 drop:+0,0 press:Slut@100,1 pull:+0,400 "
+         "drop:+0,0",
+         "s2 s1 [MFrm Slut*] lit:butAvsluta focus:Stäng Slut,128,101,312,212 lit: "
+         "Slut,128,101,120,60"},
+        // The text does not lie on the frame.
+        {"butAvsluta press:Slut@311,100 pull:+-90,0 drop:+0,0 press:Slut@221,80 pull:+9,8 "
+         "drop:+0,0",
+         "s2 s1 [MFrm Slut*] lit:butAvsluta focus:Stäng Slut,128,101,312,212 lit: "
+         "Slut,128,101,222,212 Slut,128,101,231,212"},
         // Any button moves the window, where nothing lies on the bar.
         {"press:MFrm@320,5 pull:+15,-10 pull:+15,-10 drop:+0,0 hover:+50,50 "
          "press_right:MFrm@320,30 pull_right:+-7,8 drop_right:+0,0 press:Label1 pull:+9,9 "

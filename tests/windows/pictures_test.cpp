@@ -50,9 +50,7 @@ class Pictures : public Stage {
         const QString folder = name.starts_with("docs/") ? "/" : "/tests/windows/pictures/";
         const QString file = BRUSBO_SOURCES + folder + QString::fromStdString(name) + ".png";
         const int differing = differing_spots(seen, QImage(file));
-        // Drawings at other scales look a little different from one release of the system to the
-        // next.
-        if (differing <= (qApp->devicePixelRatio() == 1 ? 2 : 40)) return;
+        if (differing <= (qApp->devicePixelRatio() == 1 ? 1 : 8)) return;
         const bool approve = qEnvironmentVariableIsSet("BRUSBO_APPROVE");
         const QString seen_file = approve ? file : BRUSBO_SEEN "/" + QFileInfo(file).fileName();
         EXPECT_TRUE(seen.save(seen_file, "PNG", 0));
@@ -61,11 +59,12 @@ class Pictures : public Stage {
                              << "cmake --build build/release --target screenshots";
     }
 
-    /// In spots of 3 by 3 pixels fonts look alike on all systems.
+    /// In spots of 6 by 6 pixels fonts look alike on all systems, drawings at other scales nearly
+    /// so.
     static int differing_spots(const QImage& one, const QImage& other) {
         if (one.size() != other.size()) return one.width() * one.height();
-        const int tolerance = qApp->devicePixelRatio() == 1 ? 8 : 48;
-        const QSize size = (one.size() + QSize(2, 2)) / 3;
+        const int tolerance = qApp->devicePixelRatio() == 1 ? 8 : 24;
+        const QSize size = (one.size() + QSize(5, 5)) / 6;
         const QImage a = one.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         const QImage b = other.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         int differing = 0;
@@ -123,7 +122,7 @@ TEST_F(Pictures, OfAllWindows) {
     begin();
     play(
         "look:docs/start Startfrm/AntSpelare(3) Startfrm/Sound key:Tab press:Startfrm/Starta "
-        "look:start-chosen pull:Startfrm/Label3 look:start-sound drop:Startfrm/Label3 "
+        "look:start-chosen drop:Startfrm/Label3 "
         "press:Startfrm/Sound take:Startfrm/Sound drop:Startfrm/Label3 "
         "press:Startfrm/AntSpelare(2) take:Startfrm/AntSpelare(2) look:pressed "
         "drop:Startfrm/Label3 Startfrm/Starta");
