@@ -68,13 +68,11 @@ struct Slut::Elements {
                                               "Stäng", window->palette().color(QPalette::Button));
 };
 
-Slut::Slut()
-    : Window("Slut", "", Qt::Window | Qt::FramelessWindowHint, {312, 212}),
-      inside_(new QWidget(this)) {
+Slut::Slut() : Window("Slut", "", Qt::Window | Qt::FramelessWindowHint, {312, 212}) {
     setMinimumSize(smallest);
     setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     setMouseTracking(true);
-    const Elements elements{inside_};
+    const Elements elements{this};
     on_click(elements.Stäng, [this] { Stäng_Click(); });
     elements.Stäng.setFocus();
 }
@@ -97,8 +95,12 @@ void Slut::paintEvent(QPaintEvent*) {
 // The elements keep their places, also where they lie under the frame of a window made small; the
 // frame stays free for the mouse.
 void Slut::resizeEvent(QResizeEvent*) {
-    inside_->resize(size());
-    inside_->setMask(inside_frame());
+    const auto elements = findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+    for (QWidget* element : elements) {
+        const QRect seen = inside_frame().translated(-element->pos()) & element->rect();
+        // An empty mask would be none.
+        element->setMask(seen.isEmpty() ? QRect(-1, -1, 1, 1) : seen);
+    }
 }
 
 QRect Slut::inside_frame() const {

@@ -24,7 +24,6 @@ class Slut : public Window {
     Qt::Edges edges_at(QPoint place) const;
     void resize_to(QPoint global_place);
 
-    QWidget* inside_;      ///< holds the elements
     Qt::Edges grip_;       ///< the edges that the mouse holds
     QPoint grip_place_;    ///< where on the screen it took them
     QRect grip_geometry_;  ///< of the window at that moment

@@ -15,19 +15,13 @@ namespace brusbo {
 
 namespace {
 
-/// Input is kept on its way to a window. Touches pass: unused, they come again as the mouse's.
+/// Touches pass: unused, they come again as the mouse's. Widgets that move under the pointer are
+/// told so; only its own way in and out of a window is input.
 bool is_input(const QObject& receiver, QEvent::Type type) {
-    static constexpr QEvent::Type to_windows[] = {QEvent::MouseButtonPress,
-                                                  QEvent::MouseButtonRelease,
-                                                  QEvent::MouseButtonDblClick,
-                                                  QEvent::MouseMove,
-                                                  QEvent::Enter,
-                                                  QEvent::Leave,
-                                                  QEvent::Wheel,
-                                                  QEvent::KeyPress,
-                                                  QEvent::KeyRelease};
-    return type == QEvent::InputMethod ||
-           (receiver.isWindowType() && std::ranges::count(to_windows, type) != 0);
+    if (type == QEvent::Enter || type == QEvent::Leave) return receiver.isWindowType();
+    const bool mouse_or_key = type >= QEvent::MouseButtonPress && type <= QEvent::KeyRelease;
+    return (receiver.isWindowType() || receiver.isWidgetType()) &&
+           (mouse_or_key || type == QEvent::Wheel || type == QEvent::InputMethod);
 }
 
 /// What sends an event as it is now, if its receiver then takes input.
