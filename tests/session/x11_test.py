@@ -140,6 +140,5 @@ class X11(unittest.TestCase):
     def test_the_command_line_has_no_effect(self):
         words = "-platform offscreen -style x -stylesheet x -reverse -geometry 9x9+9+9"
         games = self.start(), self.start(*words.split())
-        places = [game.find("start") for game in games]
-        looks = [game.look("start") for game in games]
-        self.assertTrue(places[0] == places[1] and looks[0] == looks[1])
+        self.assertEqual(*[game.find("start") for game in games])
+        wait("the same look", lambda: games[0].look("start") == games[1].look("start"))
