@@ -363,6 +363,7 @@ std::string Stage::fault() {
     QWidget &highlight = at("shpHålbak"), &die = at("Tärning");
     const int face = std::max<int>(Senaste_slag, 1);
     expect("shpHålbak", highlight.pos() == QPoint(p == 2 || p == 3 ? 244 : 6, p < 3 ? 8 : 246));
+    const char* const colours[] = {"röd", "blå", "grön", "gul"};
     expect("Tärning", die.isEnabled() == Tärning_enabled);
     expect("Tärning", text(die) == "Tärning, visar " + std::to_string(face));
     for (const auto& [name, visible] : {std::pair("butNästa", butNästa_visible),
@@ -376,6 +377,8 @@ std::string Stage::fault() {
     if (shown("Startfrm")) return differing;
     const bool s = player.Namn.ends_with('s') || player.Namn.ends_with('S');
     expect("labVisa_tur", text(at("labVisa_tur")) == player.Namn + (s ? " tur!" : "s tur!"));
+    const std::string colour = std::string("Spelarens färg: ") + colours[p - 1];
+    expect("imgVisa_tur", text(at("imgVisa_tur")) == colour);
     if (looks % 8 != 0) return differing;
     expect("Tärning", looks_as_before(numbered("die", face), die));
     expect("shpHålbak", looks_as_before(numbered("highlight", p), highlight));
