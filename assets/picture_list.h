@@ -70,9 +70,9 @@ struct Picture {
 /// The picture whose file has this name before its ending, as in picture("piece-1"). A name that is
 /// not in the list does not compile.
 consteval Picture picture(std::string_view name) {
-    for (std::uint8_t index = 0; index < picture_list.size(); ++index) {
+    for (std::size_t index = 0; index < picture_list.size(); ++index) {
         const std::string_view file = picture_list[index].name;
-        if (file.substr(0, file.find('.')) == name) return {index};
+        if (file.substr(0, file.find('.')) == name) return {static_cast<std::uint8_t>(index)};
     }
     throw "no such picture";
 }

@@ -51,6 +51,10 @@ class TextBox : public QPlainTextEdit {
         setPalette(colours);
         setPlainText(text);
     }
+
+   protected:
+    /// Neither scrolls nor, with Ctrl, makes the text larger or smaller.
+    void wheelEvent(QWheelEvent* event) override { event->accept(); }
 };
 
 }  // namespace

@@ -19,7 +19,8 @@ std::vector<PictureButton*> MFrmElements::pieces() {
 std::vector<Image*> MFrmElements::markers() {
     std::vector<Image*> made;
     for (int b = 0; b < 16; ++b) {
-        const Place place{8.0 * (b % 4), 10.0 * (b / 4), 9, 9};
+        const int row = b / 4;
+        const Place place{8.0 * (b % 4), 10.0 * row, 9, 9};
         made.push_back(&add<Image>(Element::Plus, Picture1,
                                    {numbered("Plus", b), place, "Flera pjäser", false}));
         made.back()->setAttribute(Qt::WA_TransparentForMouseEvents);

@@ -38,9 +38,13 @@ class AccessibleButton : public QAccessibleWidget {
 
     void doAction(const QString& action) override {
         if (action == setFocusAction()) return QAccessibleWidget::doAction(action);
-        InputGate::instance().deliver([target = QPointer(button())] {
-            if (target && target->isVisible() && !blocked_by_modal(*target)) target->click();
-        });
+        const auto click = [target = QPointer(button())] {
+            if (target && target->isVisible() && takes_input(*target)) target->click();
+        };
+        // Later, for whoever presses waits for an answer, and an action takes its time.
+        auto& gate = InputGate::instance();
+        QMetaObject::invokeMethod(
+            &gate, [&gate, click] { gate.deliver(click); }, Qt::QueuedConnection);
     }
 
    private:

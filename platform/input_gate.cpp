@@ -32,7 +32,7 @@ InputGate::Function redelivery(QObject& to, const QEvent& event) {
     const QPointF window_place = mouse != nullptr ? mouse->scenePosition() : QPointF();
     const QPointF screen_place = mouse != nullptr ? mouse->globalPosition() : QPointF();
     return [=, receiver = QPointer(&to)] {
-        if (!receiver || blocked_by_modal(*receiver)) return;
+        if (!receiver || !takes_input(*receiver)) return;
         if (mouse == nullptr) return void(QCoreApplication::sendEvent(receiver, copy.get()));
         QMouseEvent again(mouse->type(), mouse->position(), window_place, screen_place,
                           mouse->button(), mouse->buttons(), mouse->modifiers(),
@@ -43,11 +43,12 @@ InputGate::Function redelivery(QObject& to, const QEvent& event) {
 
 }  // namespace
 
-bool blocked_by_modal(const QObject& receiver) {
+bool takes_input(const QObject& receiver) {
     const auto* const widget = qobject_cast<const QWidget*>(&receiver);
-    const QObject* const window = widget == nullptr ? &receiver : widget->window()->windowHandle();
-    const QObject* const modal = QGuiApplication::modalWindow();
-    return modal != nullptr && modal != window;
+    const auto* const window = qobject_cast<const QWindow*>(
+        widget == nullptr ? &receiver : widget->window()->windowHandle());
+    const QWindow* const modal = QGuiApplication::modalWindow();
+    return window != nullptr && window->isVisible() && (modal == nullptr || modal == window);
 }
 
 InputGate::InputGate() {

@@ -9,8 +9,8 @@
 
 namespace brusbo {
 
-/// Whether a modal window keeps input from a widget, or from a QWindow.
-bool blocked_by_modal(const QObject& receiver);
+/// Whether the window of a widget, or a QWindow, is shown and no modal window keeps input from it.
+bool takes_input(const QObject& receiver);
 
 /// Lets one action of the game run at a time. An action paints, pauses and may take seconds, while
 /// events go on being processed; input that arrives meanwhile is kept, and delivered in the order

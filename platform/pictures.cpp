@@ -34,7 +34,7 @@ QImage stored(Picture picture) {
 QImage render(Picture picture, double ratio, Phase phase) {
     const PictureEntry& entry = picture_list[picture.index];
     const std::string_view master = packed_pictures[picture.index].master;
-    const QImage rendered =
+    QImage rendered =
         render_master(QByteArray::fromRawData(master.data(), static_cast<qsizetype>(master.size())),
                       {QPoint(entry.x, entry.y), picture_size(picture)}, ratio,
                       QPointF(phase.first, phase.second) / phase_steps);

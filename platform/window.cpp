@@ -85,7 +85,7 @@ void Window::hideEvent(QHideEvent* event) {
 void Window::closeEvent(QCloseEvent* event) {
     event->ignore();
     InputGate::instance().run([window = QPointer(this)] {
-        if (window && !blocked_by_modal(*window)) window->close_requested();
+        if (window && takes_input(*window)) window->close_requested();
     });
 }
 

@@ -19,7 +19,7 @@ constexpr int icon_master_side = 96;
 QImage rendered(const QString& path, QRect region, double ratio = 1) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) qFatal("cannot read %s", qPrintable(path));
-    const QImage image = brusbo::render_master(file.readAll(), region, ratio);
+    QImage image = brusbo::render_master(file.readAll(), region, ratio);
     if (image.isNull())
         qFatal("cannot draw %s; is Qt's SVG image plugin installed?", qPrintable(path));
     return image;

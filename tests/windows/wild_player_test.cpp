@@ -96,7 +96,7 @@ class Player : public Stage {
             return verb + one_of(std::array{"Esc", "Tab", "F2", "Return", "Space", "A", "S",
                                             "Backspace", "Down", "F4", "Del"});
         if (verb == "close:" || verb == "wheel:") {
-            if (blocked_by_modal(at(top))) return "hover:" + place;
+            if (!takes_input(at(top))) return "hover:" + place;
             return verb + (verb == "close:" ? top : place);
         }
         return verb + (verb == "reader:" ? one_of(elements) : place);
