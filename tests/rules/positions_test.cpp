@@ -16,7 +16,7 @@ std::string record(const std::string& text, std::size_t length) {
     return bytes + (text + std::string(126, '7')).substr(0, 126);
 }
 
-/// "x y" of player 1's first square, or the error that stops the reading.
+/// "x y" of player 1's first square and the goal's y, or the error that stops the reading.
 std::string outcome(const std::function<void()>& read) {
     try {
         read();
@@ -24,7 +24,8 @@ std::string outcome(const std::function<void()>& read) {
         return error.what();
     }
     const auto [x, y] = point_of(1, 1);
-    return std::to_string(x) + " " + std::to_string(y);
+    return std::to_string(x) + " " + std::to_string(y) + " " +
+           std::to_string(point_of(4, 45).second);
 }
 
 std::string outcome_of_bytes(const std::string& bytes) {
@@ -42,15 +43,15 @@ TEST(PositionsFile, TextsAndTheirValues) {
     for (std::string text, value; getline(getline(rows, text, '='), value, '|');) {
         const bool outside = value == "outside";
         EXPECT_EQ(outcome_of_bytes(record(text, text.size())),
-                  outside ? "brs.dat, post 1: Numerical result out of range" : value + " 0");
+                  outside ? "brs.dat, post 1: Numerical result out of range" : value + " 0 0");
     }
 }
 
 TEST(PositionsFile, LengthsAndShortFiles) {
-    EXPECT_EQ(outcome_of_bytes("\3"), "0 0");                     // half a length
-    EXPECT_EQ(outcome_of_bytes({'\3', '\0', '1', '2'}), "12 0");  // half a text
-    EXPECT_EQ(outcome_of_bytes(record("1234", 2)), "12 0");
-    EXPECT_EQ(outcome_of_bytes(record(std::string(125, '0') + "12", 126)), "1 0");
+    EXPECT_EQ(outcome_of_bytes("\3"), "0 0 0");                     // half a length
+    EXPECT_EQ(outcome_of_bytes({'\3', '\0', '1', '2'}), "12 0 0");  // half a text
+    EXPECT_EQ(outcome_of_bytes(record("1234", 2)), "12 0 0");
+    EXPECT_EQ(outcome_of_bytes(record(std::string(125, '0') + "12", 126)), "1 0 0");
     for (const std::size_t length : {127U, 256U, 65535U})
         EXPECT_EQ(outcome_of_bytes(record("1", length)),
                   "brs.dat, post 1: texten är längre än posten");
@@ -61,10 +62,10 @@ TEST(PositionsFile, LengthsAndShortFiles) {
 // Loaded by somebody without special rights, also where the tests are run by root.
 TEST_F(Game, LoadingWhateverTheFile) {
     const std::pair<const char*, std::string> rows[] = {
-        {"true", "0 0, 0 bytes"},
-        {"head -c 7296 $GOOD > brs.dat", "14 0, 7296 bytes"},  // ends behind the goal's left
-        {"(cat $GOOD; printf 11111) > brs.dat", "14 142, 14469 bytes"},  // more than is read
-        {"cp $GOOD brs.dat; chmod 444 brs.dat; chmod 555 .", "14 142, 14464 bytes"},
+        {"true", "0 0 0, 0 bytes"},
+        {"head -c 7296 $GOOD > brs.dat", "14 0 176, 7296 bytes"},  // the goal is its last record
+        {"(cat $GOOD; printf 11111) > brs.dat", "14 142 176, 14469 bytes"},  // more than is read
+        {"cp $GOOD brs.dat; chmod 444 brs.dat; chmod 555 .", "14 142 176, 14464 bytes"},
         {"cp $GOOD brs.dat; chmod 222 brs.dat", ": Permission denied, 14464 bytes"},
         {"chmod 555 .", ": Permission denied"},
         {"mkdir brs.dat", ": Is a directory"},
