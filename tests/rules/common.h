@@ -10,8 +10,7 @@
 
 #include "engine/state.h"
 
-// What the tests of the rules and of the windows have in common: a directory with a positions file,
-// the die, the board. Piece pictures are numbered b = 0..15.
+// What the tests of the rules and of the windows share. Piece pictures are numbered b = 0..15.
 namespace brusbo::test {
 
 inline const std::filesystem::path good_positions = BRUSBO_ASSETS "/data/brs.dat";
@@ -54,8 +53,8 @@ inline Point point_of(int player, int square) {
 /// The place of a piece in its nest.
 inline Point home_of(int b) {
     static constexpr Point corners[] = {{36, 34}, {274, 34}, {274, 272}, {36, 274}};
-    const Point corner = corners[b / 4];
-    return {corner.first + (b % 2 == 1 ? 42 : 0), corner.second + (b % 4 >= 2 ? 42 : 0)};
+    const auto [left, top] = corners[b / 4];
+    return {left + 42 * (b % 2), top + 42 * (b % 4 / 2)};
 }
 
 /// "0 5 55 0"
