@@ -1,4 +1,4 @@
-#include "render_master.h"
+#include "assets/render_master.h"
 
 #include <QBuffer>
 #include <QImageReader>

@@ -2,7 +2,7 @@
 
 namespace brusbo {
 
-std::vector<PictureButton*> MFrmElements::pieces() {
+std::vector<PictureButton*> MFrmElements::make_pieces() {
     static constexpr const char* colours[] = {"Röd", "Blå", "Grön", "Gul"};
     std::vector<PictureButton*> made;
     for (int b = 0; b < 16; ++b) {
@@ -16,7 +16,7 @@ std::vector<PictureButton*> MFrmElements::pieces() {
     return made;
 }
 
-std::vector<Image*> MFrmElements::markers() {
+std::vector<Image*> MFrmElements::make_markers() {
     std::vector<Image*> made;
     for (int b = 0; b < 16; ++b) {
         const int row = b / 4;

@@ -10,7 +10,8 @@
 
 namespace brusbo {
 
-/// Where the pieces lie before anything has moved them, pixels of the board.
+/// Where the pieces lie before anything has moved them, pixels of the board. In the nests of later
+/// games they lie a little closer together.
 inline constexpr LayoutPlace layout_places[] = {
     {36, 34},   {78, 34},   {36, 78},   {78, 78},    // red
     {274, 34},  {316, 34},  {274, 80},  {316, 80},   // blue
@@ -25,7 +26,7 @@ struct MFrmElements {
     explicit MFrmElements(QWidget* main_window) : window(main_window) {}
 
     QWidget* window;
-    std::map<Element, std::vector<QWidget*>> found;
+    std::map<Element, std::vector<QWidget*>> by_name;
 
     // Title bar.
     TitleBar& Namnlist =
@@ -82,18 +83,18 @@ struct MFrmElements {
     Circle& shpHålbak =
         add<Circle>(Element::shpHålbak, Picture1,
                     {"shpHålbak", {6, 8, 127, 123}, "Markering av vems tur det är"}, 0xFF800000);
-    std::vector<PictureButton*> Pjäs = pieces();
-    std::vector<Image*> Plus = markers();
+    std::vector<PictureButton*> Pjäs = make_pieces();
+    std::vector<Image*> Plus = make_markers();
 
    private:
     template <class Made, class... Rest>
     Made& add(Element element, QWidget& parent, const ElementLook& look, Rest... rest) {
         auto* const made = new Made(&parent, look, rest...);
-        found[element].push_back(made);
+        by_name[element].push_back(made);
         return *made;
     }
-    std::vector<PictureButton*> pieces();
-    std::vector<Image*> markers();
+    std::vector<PictureButton*> make_pieces();
+    std::vector<Image*> make_markers();
 };
 
 }  // namespace brusbo

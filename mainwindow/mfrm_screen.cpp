@@ -39,8 +39,8 @@ void MFrmScreen::show_on(const MFrm& window) {
 
 QWidget& MFrmScreen::widget(ElementId element) const {
     assert(window_ != nullptr);
-    const auto& found = window_->elements().found.at(element.element);
-    return *found.at(static_cast<std::size_t>(element.index));
+    const auto& named = window_->elements().by_name.at(element.element);
+    return *named.at(static_cast<std::size_t>(element.index));
 }
 
 void MFrmScreen::set_text(Element label, std::string_view text) {
@@ -70,7 +70,7 @@ void MFrmScreen::move(ElementId element, std::int32_t left, std::int32_t top) {
 
 void MFrmScreen::set_left(Element element, std::int32_t twips) {
     QWidget& target = widget(element);
-    const auto left = static_cast<double>(twips) / twips_to_pixel;
+    const auto left = static_cast<double>(twips) / twips_per_pixel;
     target.move(Place{left, 0, 0, 0}.pixels().left(), target.y());
 }
 

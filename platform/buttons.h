@@ -31,7 +31,6 @@ class CommandButton : public QAbstractButton {
     CommandButton(QWidget* parent, const ElementLook& look, const char* text, QColor face,
                   Font text_font = Font::regular);
 
-    QColor face() const { return face_; }
     void set_face(QColor face);
 
    protected:

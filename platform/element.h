@@ -8,7 +8,7 @@
 // accessibility interface. A window's table lists its elements with what follows.
 namespace brusbo {
 
-inline constexpr int twips_to_pixel = 15;
+inline constexpr int twips_per_pixel = 15;
 
 /// Place and size in device-independent pixels from the container's top-left corner; a place may
 /// lie on a half pixel.

@@ -90,6 +90,7 @@ void InputGate::pause(int milliseconds) {
     const auto now = std::chrono::steady_clock::now();
     deadline_ = (now < deadline_ + length ? deadline_ : now) + length;
 
+    // A timer counts whole milliseconds; the rest is slept.
     QEventLoop loop;
     QTimer::singleShot(std::chrono::floor<std::chrono::milliseconds>(deadline_ - now),
                        Qt::PreciseTimer, &loop, &QEventLoop::quit);

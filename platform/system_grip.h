@@ -5,10 +5,11 @@
 
 namespace brusbo {
 
-// Where only the system can move and resize windows, as on Wayland, these let it do so with the
-// pointer until the button of `press` is released, which the program is not told. False where it is
-// left to the program; nothing has happened then.
+/// Where only the system can move and resize windows, as on Wayland, lets it do so with the pointer
+/// until the button of `press` is released, which the program is not told. False where it is left
+/// to the program; nothing has happened then.
 bool system_moves(QWidget& window, const QMouseEvent& press);
+/// The same for the size.
 bool system_resizes(QWidget& window, Qt::Edges edges, const QMouseEvent& press);
 
 /// A hold of the mouse on a window that the program moves itself, by the pointer's distance in

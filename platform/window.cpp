@@ -49,7 +49,6 @@ void Window::minimise() {
 void Window::show_modal() {
     Window* const below = active_window;
     setWindowModality(Qt::ApplicationModal);
-    winId();
     if (below != nullptr && below != this)
         windowHandle()->setTransientParent(below->windowHandle());
     QEventLoop loop;
