@@ -9,14 +9,14 @@ import pyatspi
 from session import Desktop, Game, wait
 
 SIZES = {"start": "188x305", "main": "570x416", "about": "188x378", "farewell": "312x212"}
-# Of what a screen reader is told: roles, names and actions; it presses the last.
-TOLD = {
-    "start": (
-        *("radio button, Två spelare, Toggle", "text, Namn på spelare 1, SetFocus"),
-        *("check box, Ljud på/av, Toggle", "push button, Starta, Press"),
-    ),
-    "main": ("push button, Gul pjäs 4, Press", "push button, Tärning, visar 1, Press"),
-}
+# What a screen reader finds and does, one after the other: window, role, name, action.
+READ = (
+    ("start", "radio button", "Tre spelare", "Toggle"),
+    ("start", "text", "Namn på spelare 3", "SetFocus"),
+    ("start", "check box", "Ljud på/av", "Toggle"),
+    ("start", "push button", "Starta", "Press"),
+    ("main", "push button", "Tärning, visar 1", "Press"),
+)
 
 
 class X11(unittest.TestCase):
@@ -32,10 +32,6 @@ class X11(unittest.TestCase):
 
         return wait(f"the focus of the {window} window", number)
 
-    def type(self, game, window, key):
-        self.focus(game, window)
-        game.hand("key", key)
-
     def close(self, game, window):
         game.hand("-i", "-c", self.focus(game, window), tool="wmctrl")
 
@@ -48,10 +44,6 @@ class X11(unittest.TestCase):
         game = self.start().begins()
         for button in (1, 2, 3):
             game.drags_window((61, -41), button)
-        place = game.find("main")
-        game.point("bare board", "mousedown", 1, "mousemove_relative", 9, 90, "mouseup", 1)
-        game.catches_up()
-        self.assertEqual(game.find("main"), place)
         game.lights("mnuArkiv")
         game.point("mnuOm")
         game.goes_out("mnuArkiv")
@@ -82,7 +74,8 @@ class X11(unittest.TestCase):
         game.closes("about")
         game.goes_out("mnuOm")
         self.close(game, "main")
-        self.type(game, "farewell", "Escape")
+        self.focus(game, "farewell")
+        game.hand("key", "Escape")
         self.close(game, "farewell")
         game.catches_up()
         game.click("Stäng")
@@ -103,7 +96,8 @@ class X11(unittest.TestCase):
         board = game.look("board")
         game.click("butEn_pjäs")  # a piece walks, or the next player has the turn
         game.changes("board", board)
-        self.type(game, "main", "F2")
+        self.focus(game, "main")
+        game.hand("key", "F2")
         game.find("start")
 
     def test_tells_of_a_bad_positions_file_before_it_shows_a_window(self):
@@ -147,10 +141,6 @@ class Wayland(Desktop):
         return super().hand(*words, **more)
 
 
-def is_shown(element):
-    return element.getState().contains(pyatspi.STATE_SHOWING)
-
-
 class Elsewhere(unittest.TestCase):
     def test_plays_on_Wayland(self):
         desktop = self.enterContext(Wayland())
@@ -181,14 +171,17 @@ class Elsewhere(unittest.TestCase):
         game = Game(desktop)
         programs = pyatspi.Registry.getDesktop(0)
         program = wait("the program", lambda: [p for p in programs if p.name == "brusbo"])[0]
-        for window, expected in TOLD.items():
+        for window, *expected in READ:
             game.find(window)
-            told = {}
-            for element in pyatspi.findAllDescendants([*filter(is_shown, program)][-1], is_shown):
-                action = "Action" in pyatspi.listInterfaces(element) and element.queryAction()
-                if action and action.nActions:
-                    told[f"{element.getRoleName()}, {element.name}, {action.getName(0)}"] = action
-            self.assertLessEqual({*expected}, {*told})
+
+            def is_expected(element):
+                if "Action" not in pyatspi.listInterfaces(element):
+                    return False
+                action = element.queryAction()
+                told = element.getRoleName(), element.name, action.nActions and action.getName(0)
+                return element.getState().contains(pyatspi.STATE_SHOWING) and told == (*expected,)
+
+            element = wait(expected, lambda: pyatspi.findDescendant(program, is_expected))
             message = window == "main" and game.look("message")
-            told[expected[-1]].doAction(0)
+            element.queryAction().doAction(0)
         game.changes("message", message)

@@ -5,7 +5,6 @@ import mmap
 import os
 import pathlib
 import shutil
-import struct
 import subprocess
 import tempfile
 import time
@@ -63,16 +62,13 @@ class Desktop(contextlib.ExitStack):
         names = ("HOME", "XDG_RUNTIME_DIR", "DBUS_SESSION_BUS_ADDRESS", "PULSE_SERVER")
         self.environment = dict.fromkeys(names, str(self.home))
         self.environment |= {"PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8"}
-        told, tell = os.pipe()
-        server = f"Xvfb -displayfd {tell} -ac -nocursor -noreset -screen 0 1920x1400x24 -fbdir"
-        self.start(*server.split(), self.home, pass_fds=[tell])
-        os.close(tell)
-        with open(told, encoding="ascii") as number:
-            self.environment["DISPLAY"] = ":" + number.readline().strip()
+        server = "Xvfb -displayfd 1 -ac -nocursor -noreset -screen 0 1920x1400x24 -fbdir".split()
+        number = self.start(*server, self.home, stdout=subprocess.PIPE).stdout.readline()
+        self.environment["DISPLAY"] = ":" + number.decode().strip()
         with open(self.home / "Xvfb_screen0", "rb") as screen:
             self.screen = mmap.mmap(screen.fileno(), 0, prot=mmap.PROT_READ)
-        header = struct.unpack(">25I", self.screen[:100])
-        self.first, self.stride = header[0] + 12 * header[19], header[12]
+        self.stride = 4 * 1920
+        self.first = len(self.screen) - 1400 * self.stride
         self.hand("mousemove", 1900, 1300)
         if manager:
             # It loses windows that are shown before it has started.
@@ -150,7 +146,7 @@ class Game:
     def begins(self):
         self.click("Starta")
         self.closes("start")
-        self.normal = {button: self.face(button) for button in BUTTONS}
+        self.normal = {button: self.look(button)[:8] for button in BUTTONS}
         return self
 
     def throws(self):
@@ -158,12 +154,9 @@ class Game:
         self.click("die")
         self.changes("message", message)
 
-    def face(self, button):
-        """Of a picture button, what lies above an arrow in its middle."""
-        return self.look(button)[:8]
-
     def is_lit(self, button):
-        return self.face(button) != self.normal[button]
+        """As far as it lies above an arrow in its middle."""
+        return self.look(button)[:8] != self.normal[button]
 
     def lights(self, button):
         x, y = self.middle(button)
