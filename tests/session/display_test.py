@@ -12,7 +12,7 @@ SIZES = {"start": "188x305", "main": "570x416", "about": "188x378", "farewell": 
 # What a screen reader finds and does, one after the other: window, role, name, action.
 READ = (
     ("start", "radio button", "Tre spelare", "Toggle"),
-    ("start", "text", "Namn på spelare 3", "SetFocus"),
+    ("start", "text", "Namn på spelare 2", "SetFocus"),
     ("start", "check box", "Ljud på/av", "Toggle"),
     ("start", "push button", "Starta", "Press"),
     ("main", "push button", "Tärning, visar 1", "Press"),
@@ -57,18 +57,18 @@ class X11(unittest.TestCase):
             game.point("Nytt spel (snabbt)", "click", button, "key", "Escape")
             game.closes("menu")
             game.goes_out("mnuArkiv")
-            game.catches_up()
-            self.assertEqual(game.look("message") == message, True, f"button {button} chooses")
+        game.catches_up()
+        self.assertEqual(game.look("message") == message, True, "another button chooses")
 
     def test_a_window_manager(self):
         game = self.start().begins()
         game.hand("mousemove", 3, 3)
-        before, place, number = game.look("all"), game.find("main"), self.focus(game, "main")
+        number = self.focus(game, "main")
+        before = game.desktop.look(0, 0, 1920, 1400)
         game.click("butMini")
         game.closes("main")
         game.hand("mousemove", 3, 3, "windowactivate", number)
-        wait("the window as it was", lambda: game.look("all") == before)
-        self.assertEqual(game.find("main"), place)
+        wait("the same look", lambda: game.desktop.look(0, 0, 1920, 1400) == before)
         game.click("mnuOm")
         self.close(game, "about")
         game.closes("about")
@@ -86,7 +86,8 @@ class X11(unittest.TestCase):
         rule = '<application class="brusbo"><desktop>2</desktop></application>'
         file.write_text(f"<openbox_config><applications>{rule}</applications></openbox_config>")
         game = self.start(manager=("openbox", "--config-file", file))
-        window = wait("the window", lambda: game.hand("-l", tool="wmctrl")).split()[0]
+        window, desktop, *_ = wait("it", lambda: game.hand("-l", tool="wmctrl")).split()
+        self.assertEqual(desktop, "1", "it is on the screen")
         game.hand("-i", "-c", window, tool="wmctrl")
         game.ends()
 
@@ -171,17 +172,12 @@ class Elsewhere(unittest.TestCase):
         game = Game(desktop)
         programs = pyatspi.Registry.getDesktop(0)
         program = wait("the program", lambda: [p for p in programs if p.name == "brusbo"])[0]
-        for window, *expected in READ:
+        for window, role, name, action in READ:
             game.find(window)
-
-            def is_expected(element):
-                if "Action" not in pyatspi.listInterfaces(element):
-                    return False
-                action = element.queryAction()
-                told = element.getRoleName(), element.name, action.nActions and action.getName(0)
-                return element.getState().contains(pyatspi.STATE_SHOWING) and told == (*expected,)
-
-            element = wait(expected, lambda: pyatspi.findDescendant(program, is_expected))
+            element = pyatspi.findDescendant(
+                program, lambda each: (each.getRoleName(), each.name) == (role, name)
+            ).queryAction()
+            self.assertEqual(element.getName(0), action)
             message = window == "main" and game.look("message")
-            element.queryAction().doAction(0)
+            element.doAction(0)
         game.changes("message", message)

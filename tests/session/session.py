@@ -4,7 +4,6 @@ import math
 import mmap
 import os
 import pathlib
-import shutil
 import subprocess
 import tempfile
 import time
@@ -95,11 +94,10 @@ class Desktop(contextlib.ExitStack):
 
 
 class Game:
-    """The program, started in a copy of its data or in another folder."""
+    """The program, started where its data is."""
 
-    def __init__(self, desktop, *arguments, command=(PROGRAM,), scale=1, folder=None, **more):
+    def __init__(self, desktop, *arguments, command=(PROGRAM,), scale=1, folder=DATA, **more):
         self.desktop, self.hand, self.scale = desktop, desktop.hand, scale
-        folder = folder or shutil.copytree(DATA, desktop.home / "game")
         desktop.environment["QT_SCALE_FACTOR"] = str(scale)
         self.process = desktop.start(*command, *arguments, cwd=folder, **more)
 
@@ -109,6 +107,10 @@ class Game:
         at = self.desktop.screen.find(colour * width * self.scale, self.desktop.first)
         top, left = divmod((at - self.desktop.first) // 4, self.desktop.stride // 4)
         return at >= 0 and (left - x * self.scale, top - y * self.scale)
+
+    def are_together(self, part, window):
+        """To the pixel, or between two logical ones on one of them."""
+        return math.dist(self.sees(part) or (0, 0), self.find(window)) < self.scale
 
     def find(self, window):
         return wait(f"the {window} window", lambda: self.sees(window))
@@ -193,12 +195,7 @@ class Game:
     def opens_menu(self):
         self.lights("mnuArkiv")
         self.hand("click", 1)
-
-        def is_at_its_place():
-            # A window between two logical pixels has its menu on one of them.
-            return math.dist(self.sees("menu") or (0, 0), self.find("main")) < self.scale
-
-        wait("the menu at its place", is_at_its_place)
+        wait("the menu at its place", lambda: self.are_together("menu", "main"))
 
     def plays(self):
         """From the start window to the end of the program, as every display allows."""
@@ -219,6 +216,6 @@ class Game:
         self.lights("butAvsluta")
         self.hand("click", 1)
         by = 40 * self.scale, 30 * self.scale
-        self.drag("corner", by, lambda: self.sees("grown farewell") == self.sees("farewell"))
+        self.drag("corner", by, lambda: self.are_together("grown farewell", "farewell"))
         self.click("Stäng")
         self.ends()
