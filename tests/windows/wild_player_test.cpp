@@ -64,7 +64,7 @@ class Player : public Stage {
         for (const std::string name :
              {"Starta", "AntSpelare(1)", "AntSpelare(3)", "butNytt_spel", "butNytt_snabbt", "Klar",
               "butNästa", "Tärning", "butEn_pjäs", "butTvå_pjäser", piece.c_str()})
-            if (shown(name) && at(name).isEnabled() && !blocked_by_modal(at(name)))
+            if (shown(name) && at(name).isEnabled() && takes_input(at(name)))
                 offered.push_back(name);
         if (offered.empty()) return "hover:MFrm";
         return one_of(offered);
@@ -79,7 +79,7 @@ class Player : public Stage {
             if (shown(name)) windows.push_back(name);
         const std::string top = one_of(windows);
         if (verb == "reader:") return verb + one_of({"mnuArkiv", "mnuOm", "Tärning", "butNästa"});
-        if (verb == "close:") return !takes_input(at(top)) ? "hover:" + top : verb + top;
+        if (verb == "close:") return takes_input(at(top)) ? verb + top : "hover:" + top;
         return verb + top + "@" + std::to_string(below(at(top).width() + 9) - 4) + "," +
                std::to_string(below(at(top).height()));
     }
