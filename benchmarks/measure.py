@@ -115,7 +115,8 @@ def sound_server(desktop):
     options = "-n --daemonize=no --use-pid-file=no --exit-idle-time=-1 -L module-null-sink"
     socket = desktop.home / "sound"
     load = f"module-native-protocol-unix auth-anonymous=1 socket={socket}"
-    desktop.start("pulseaudio", *options.split(), "-L", load, env=desktop.environment | {"PULSE_SERVER": ""})
+    environment = desktop.environment | {"PULSE_SERVER": ""}
+    desktop.start("pulseaudio", *options.split(), "-L", load, env=environment)
     wait("the sound server", socket.exists)
     desktop.environment["PULSE_SERVER"] = f"unix:{socket}"
 

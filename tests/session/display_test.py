@@ -132,6 +132,10 @@ class Wayland(Desktop):
         # Its panel comes last.
         wait("the compositor", lambda: any(self.look(500, 10)[0][:3]))
 
+    def has_keyboard(self, _):
+        """The compositor alone knows; its arrow is waited for instead."""
+        return True
+
     def hand(self, *words, **more):
         if words[3:4] in (("click",), ("mousedown",)):
             # A press counts where the arrow is; that may come late, or for a further movement only.

@@ -87,6 +87,9 @@ class Desktop(contextlib.ExitStack):
         command = [tool, *map(str, words)]
         return subprocess.run(command, env=self.environment, capture_output=True, text=True).stdout
 
+    def has_keyboard(self, size):
+        return size in self.hand("getwindowfocus", "getwindowgeometry")
+
     def look(self, x, y, width=1, height=1):
         """The rows of pixels seen there."""
         starts = range(self.first + 4 * x + y * self.stride, len(self.screen), self.stride)
@@ -146,6 +149,10 @@ class Game:
         assert self.process.wait(30) == 0, f"ended with {self.process.returncode}"
 
     def begins(self):
+        self.find("start")
+        # A window that is given the keyboard lets go of a button that is held down.
+        size = f"{188 * self.scale}x{305 * self.scale}"
+        wait("the keyboard", lambda: self.desktop.has_keyboard(size))
         self.click("Starta")
         self.closes("start")
         self.normal = {button: self.look(button)[:8] for button in BUTTONS}
