@@ -89,7 +89,8 @@ void Window::closeEvent(QCloseEvent* event) {
 }
 
 void Window::became_active() {
-    if (active_window == this) return;
+    // The window system may tell so of a window that has been hidden meanwhile.
+    if (active_window == this || !isVisible()) return;
     active_window = this;
     InputGate::instance().run([window = QPointer(this)] {
         if (window) window->Form_Activate();

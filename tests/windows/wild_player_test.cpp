@@ -29,7 +29,7 @@ class Player : public Stage {
         if (left_ < 0) return Stage::next_word();
         if ((left_ == 0 && quiet) || HasFailure()) return {};
         left_ = std::max(left_ - 1, 0);
-        if (quiet && Tärning_enabled && below(60) == 0) bring_an_end_near();
+        if (quiet && Tärning_enabled && below(20) == 0) bring_an_end_near();
         const std::string word =
             wild_ && left_ > 0 && below(3) == 0 ? wild_word() : sensible_word();
         return (wild_ ? "!" : "") + word;
