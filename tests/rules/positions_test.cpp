@@ -63,10 +63,12 @@ TEST(PositionsFile, LengthsAndShortFiles) {
 TEST_F(Game, LoadingWhateverTheFile) {
     const std::pair<const char*, std::string> rows[] = {
         {"true", "0 0 0, 0 bytes"},
-        {"head -c 7296 $GOOD > brs.dat", "14 0 176, 7296 bytes"},  // the goal is its last record
-        {"(cat $GOOD; printf 11111) > brs.dat", "14 142 176, 14469 bytes"},  // more than is read
-        {"cp $GOOD brs.dat; chmod 444 brs.dat; chmod 555 .", "14 142 176, 14464 bytes"},
-        {"cp $GOOD brs.dat; chmod 222 brs.dat", ": Permission denied, 14464 bytes"},
+        {"head -c 7296 \"$GOOD\" > brs.dat",
+         "14 0 176, 7296 bytes"},  // the goal is its last record
+        {"(cat \"$GOOD\"; printf 11111) > brs.dat",
+         "14 142 176, 14469 bytes"},  // more than is read
+        {"cp \"$GOOD\" brs.dat; chmod 444 brs.dat; chmod 555 .", "14 142 176, 14464 bytes"},
+        {"cp \"$GOOD\" brs.dat; chmod 222 brs.dat", ": Permission denied, 14464 bytes"},
         {"chmod 555 .", ": Permission denied"},
         {"mkdir brs.dat", ": Is a directory"},
         {"mkfifo brs.dat; chmod 444 brs.dat", ": Illegal seek"},
