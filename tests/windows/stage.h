@@ -194,7 +194,7 @@ class Stage : public testing::Test {
         return told.empty() ? told : told.substr(1);
     }
 
-    void perform(const std::string& word) noexcept {
+    void perform(const std::string& word) {
         latest_word = word;
         const std::string deed = word.substr(word.starts_with('~') ? 1 : 0);
         const std::string verb = deed.substr(0, deed.find(':') + 1);

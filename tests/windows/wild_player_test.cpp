@@ -5,7 +5,8 @@
 
 #include "tests/windows/stage.h"
 
-// With sanitizers only.
+// With sanitizers only, under the name that they give it.
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
 extern "C" __attribute__((weak)) std::size_t __sanitizer_get_current_allocated_bytes();
 
 namespace brusbo::test {
