@@ -52,11 +52,11 @@ bool PictureButtons::eventFilter(QObject* receiver, QEvent* event) {
         const Row* const row =
             capture_ != nullptr ? capture_ : std::ranges::find(rows_, receiver, &Row::button);
         if (row != std::end(rows_)) mouse_moved(*row, InputGate::instance().pointer());
-    } else if (event->type() == QEvent::Leave && receiver->isWindowType() && capture_ != nullptr) {
-        // The pointer may leave the program's windows in one leap; a window that merely opens
-        // under it makes no movement.
-        if (QApplication::topLevelAt(QCursor::pos()) == nullptr)
-            mouse_moved(*capture_, QCursor::pos());
+    } else if ((event->type() == QEvent::Leave || event->type() == QEvent::Enter) &&
+               receiver->isWindowType() && capture_ != nullptr) {
+        // The pointer may leap out of the window, or into another one, without moving there; where
+        // a window merely opens under it, it still is on its button.
+        mouse_moved(*capture_, QCursor::pos());
     }
     return false;
 }
