@@ -155,6 +155,9 @@ class Game:
         wait("the keyboard", lambda: self.desktop.has_keyboard(size))
         self.click("Starta")
         self.closes("start")
+        # The window's first row may be on the screen before its last.
+        ground = b"\x64\x96\xc8\xff"
+        wait("all of the window", lambda: self.look("board")[-1][:4] == ground)
         self.normal = {button: self.look(button)[:8] for button in BUTTONS}
         return self
 

@@ -275,7 +275,9 @@ class Stage : public testing::Test {
 
     static void use_keys(QWidget& top, const std::string& keys, bool repeated = false) {
         const auto pressed = QKeySequence(QString::fromStdString(keys))[0];
-        const QString letter = pressed.key() < 0x80 ? QString(QChar(pressed.key())) : QString();
+        const QString letter = pressed.key() < 0x80
+                                   ? QString(QChar::fromUcs2(static_cast<char16_t>(pressed.key())))
+                                   : QString();
         for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
             qt_handleKeyEvent(top.windowHandle(), type, pressed.key(), pressed.keyboardModifiers(),
                               letter, repeated, 1);
