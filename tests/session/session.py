@@ -112,8 +112,8 @@ class Game:
         return at >= 0 and (left - x * self.scale, top - y * self.scale)
 
     def are_together(self, part, window):
-        """To the pixel, or between two logical ones on one of them."""
-        return math.dist(self.sees(part) or (0, 0), self.find(window)) < self.scale
+        """To the pixel; a compositor, or a window between two logical ones, may be one off."""
+        return math.dist(self.sees(part) or (0, 0), self.find(window)) <= 1
 
     def find(self, window):
         return wait(f"the {window} window", lambda: self.sees(window))
