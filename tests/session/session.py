@@ -113,7 +113,7 @@ class Game:
 
     def are_together(self, part, window):
         """To the pixel; a compositor, or a window between two logical ones, may be one off."""
-        return math.dist(self.sees(part) or (0, 0), self.find(window)) <= 1
+        return math.dist(self.sees(part) or (0, 0), self.find(window)) < 2
 
     def find(self, window):
         return wait(f"the {window} window", lambda: self.sees(window))
