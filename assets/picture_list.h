@@ -9,22 +9,22 @@
 
 namespace brusbo {
 
-// Coordinates and sizes are device-independent pixels; one unit of a master is one such pixel.
+/// Coordinates and sizes are device-independent pixels; one unit of a master is one such pixel.
 struct PictureEntry {
-    const char* name;  // file in assets/pictures/, with its ending
+    const char* name;  ///< file in assets/pictures/, with its ending
     int width;
     int height;
-    const char* master;  // file in assets/masters/
-    int x;               // top left corner of the picture on its master
+    const char* master;  ///< file in assets/masters/
+    int x;               ///< top left corner of the picture on its master
     int y;
-    bool opaque;  // no pixel of the picture is transparent
-    std::uint32_t
-        matte;  // 0xRRGGBB that the soft edge is mixed with where one pixel stays one pixel
+    bool opaque;          ///< no pixel of the picture is transparent
+    std::uint32_t matte;  ///< 0xRRGGBB that the soft edge is mixed with at scale 1
 };
 
 inline constexpr std::uint32_t dark_wood_matte = 0x1E1006;
 inline constexpr std::uint32_t panel_matte = 0xB2804E;
 
+/// Families stand together, each in the order of players, of eyes, or normal before lit.
 inline constexpr std::array picture_list{
     PictureEntry{"title-bar.gif", 567, 32, "title-bar.svg", 0, 0, true, 0},
     PictureEntry{"side-panel.gif", 189, 378, "side-panel.svg", 0, 0, true, 0},
@@ -55,8 +55,8 @@ inline constexpr std::array picture_list{
     PictureEntry{"banner-4.gif", 148, 46, "banners.svg", 0, 180, true, 0},
 };
 
-// The sizes in which the program's icon is kept as pixels (assets/icon/brusbo-SIDE.png), and those
-// of them that the windows carry.
+/// The sizes in which the program's icon is kept as pixels (assets/icon/brusbo-SIDE.png), and those
+/// of them that the windows carry.
 inline constexpr std::array all_icon_sides{16, 32, 48, 64, 128};
 inline constexpr std::array icon_sides{16, 32, 48, 64};
 
@@ -70,9 +70,9 @@ struct Picture {
 /// The picture whose file has this name before its ending, as in picture("piece-1"). A name that is
 /// not in the list does not compile.
 consteval Picture picture(std::string_view name) {
-    for (std::uint8_t index = 0; index < picture_list.size(); ++index) {
+    for (std::size_t index = 0; index < picture_list.size(); ++index) {
         const std::string_view file = picture_list[index].name;
-        if (file.substr(0, file.find('.')) == name) return {index};
+        if (file.substr(0, file.find('.')) == name) return {static_cast<std::uint8_t>(index)};
     }
     throw "no such picture";
 }

@@ -8,5 +8,6 @@ endif()
 
 # The linked libraries' packages are computed from the binaries; what is only opened at run time
 # leaves no trace in them and comes from the list that ./run installs from.
-file(STRINGS ${CPACK_BRUSBO_RUNTIME_LIST} runtime REGEX "^[^#]")
-list(JOIN runtime ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
+execute_process(COMMAND ${CPACK_BRUSBO_PACKAGES}/install --names runtime
+  OUTPUT_VARIABLE runtime OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+string(REPLACE "\n" ", " CPACK_DEBIAN_PACKAGE_DEPENDS "${runtime}")

@@ -11,11 +11,16 @@ class frmOm : public Window {
     frmOm();
 
    protected:
+    void Form_Activate() override;
     void close_requested() override;
     void paintEvent(QPaintEvent* event) override;
 
    private:
+    struct Elements;
+
     void Klar_Click();
+
+    Picture background_;
 };
 
 }  // namespace brusbo

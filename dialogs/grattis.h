@@ -1,9 +1,7 @@
 #pragma once
 
-#include <functional>
-#include <vector>
+#include <memory>
 
-#include "platform/elements.h"
 #include "platform/window.h"
 
 namespace brusbo {
@@ -13,12 +11,14 @@ namespace brusbo {
 class Grattis : public Window {
    public:
     Grattis();
+    ~Grattis() override;
 
    protected:
     void paintEvent(QPaintEvent* event) override;
 
    private:
-    void make_elements();
+    struct Elements;
+
     void Form_Load();
     void Färger();
 
@@ -26,15 +26,7 @@ class Grattis : public Window {
     void butNytt_snabbt_Click();
     void Avsluta_Click();
 
-    Image* imgGrattis_ = nullptr;
-    std::vector<Line*> linje_;
-    Label* labVisa_vinnare_ = nullptr;
-    Label* labResultat_ = nullptr;
-    std::vector<Label*> lbNamn_;
-    std::vector<Label*> lbResultat_;
-    CommandButton* butNytt_spel_ = nullptr;
-    CommandButton* butNytt_snabbt_ = nullptr;
-    CommandButton* Avsluta_ = nullptr;
+    std::unique_ptr<Elements> elements_;
 };
 
 }  // namespace brusbo

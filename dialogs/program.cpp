@@ -1,56 +1,51 @@
 #include "dialogs/program.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QPalette>
 #include <QPixmapCache>
 #include <QStyleFactory>
 #include <QThreadPool>
 #include <exception>
+#include <filesystem>
+#include <system_error>
 
 #include "engine/engine.h"
 #include "platform/accessible.h"
 #include "platform/ending.h"
-#include "platform/pause.h"
 
 namespace brusbo {
 
-Program::Program() = default;
-Program::~Program() = default;
-
+// The first action: whatever the players do meanwhile comes after it.
 void Program::Main() {
-    // Loading is the first action: whatever the players do meanwhile comes after it.
-    const auto load_soon = [this] {
-        QMetaObject::invokeMethod(
-            Startfrm_.get(), [this] { load(); }, Qt::QueuedConnection);
-    };
-    Startfrm_ = std::make_unique<Startfrm>([this] { MFrm_->show_active(); }, load_soon);
-    gate_.hold();
-    Startfrm_->show_active();
-}
-
-void Program::load() {
-    gate_.release([this] {
-        QApplication::setWindowIcon(program_icon());
+    set_world(screen_, *this);
+    gate_.run([this] {
+        Startfrm_ = std::make_unique<Startfrm>(
+            Startfrm::MainWindow{[this] { load_MFrm(); }, [this] { MFrm_->show_active(); }});
         Startfrm_->Form_Load();
+        Startfrm_->show_active();
+        // Until then the main window's elements would only be in the way of a quick start.
+        Startfrm_->wait_until_painted();
+        QApplication::setWindowIcon(program_icon());
         MFrm_ = std::make_unique<MFrm>(*this);
-        screen_ = std::make_unique<MFrmScreen>(*MFrm_);
-        set_world(*screen_, *this);
-        try {
-            MFrm_->Form_Load();
-        } catch (const std::exception& error) {
-            Startfrm_->hide();
-            stop_with_message(QString::fromLocal8Bit(error.what()));
-        }
+        screen_.show_on(*MFrm_);
     });
 }
 
-void Program::play_sound(std::string_view file_name) {
-    const auto name = QString::fromUtf8(file_name.data(), static_cast<qsizetype>(file_name.size()));
-    sound_.play(QDir::current().filePath(name));
+void Program::load_MFrm() {
+    try {
+        MFrm::Form_Load();
+    } catch (const std::exception& error) {
+        stop_with_message(QStringLiteral("Brusbo kan inte starta.\n\n") +
+                          QString::fromUtf8(error.what()));
+    }
 }
 
-void Program::pause(int milliseconds) { paint_and_wait(milliseconds); }
+void Program::play_sound(std::string_view file_name) {
+    std::error_code gone;
+    sound_.play(std::filesystem::current_path(gone) / file_name);
+}
+
+void Program::pause(int milliseconds) { gate_.pause(milliseconds); }
 
 double Program::time_of_day() { return brusbo::time_of_day(); }
 

@@ -19,11 +19,9 @@ namespace brusbo {
 /// One at a time, after prepare_application().
 class Program : public Services, public OtherWindows {
    public:
-    Program();
-    ~Program() override;
-
-    /// The start-up procedure: creates and shows the start window. The main window is loaded as
-    /// soon as that window has been painted, before any input is handled.
+    /// The start-up procedure: creates the start window, which loads the main window's data, and
+    /// shows it. Returns when it has been painted and the main window made, before any input is
+    /// handled. A positions file that cannot be used ends the program with a message instead.
     void Main();
 
     void play_sound(std::string_view file_name) override;
@@ -40,14 +38,14 @@ class Program : public Services, public OtherWindows {
     void show_Slut() override;
 
    private:
-    void load();
+    void load_MFrm();
 
     InputGate gate_;
     Random random_;
     Sound sound_;
     std::unique_ptr<Startfrm> Startfrm_;
     std::unique_ptr<MFrm> MFrm_;
-    std::unique_ptr<MFrmScreen> screen_;
+    MFrmScreen screen_;
     std::unique_ptr<Grattis> Grattis_;
     std::unique_ptr<Slut> Slut_;
 };

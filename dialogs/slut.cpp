@@ -6,23 +6,17 @@
 #include <QScrollBar>
 
 #include "engine/spela_ljud.h"
+#include "platform/elements.h"
 #include "platform/ending.h"
-#include "platform/input_gate.h"
 #include "platform/system_grip.h"
 
 namespace brusbo {
 
 namespace {
 
-constexpr QSize client_area{312, 212};
 constexpr QSize smallest{120, 60};
 constexpr int frame_width = 4;    // pixels
 constexpr int corner_width = 16;  // pixels along the frame that move both edges
-
-constexpr ElementLook Label1{"Label1", {14, 10, 187, 29}, "Läs detta!"};
-constexpr ElementLook Text{"Text", {14, 54, 283, 111}, "Avskedstext"};
-constexpr ElementLook Label2{"Label2", {10, 180, 187, 17}, "Tryck sedan på stäng!"};
-constexpr ElementLook Stäng{"Stäng", {236, 178, 65, 25}, "Stäng"};
 
 constexpr char farewell[] =
     "Tack för att ni spelade Brusbo!\r\n"
@@ -34,35 +28,57 @@ constexpr char farewell[] =
     "Adressen är https://brusbo.example.org\r\n"
     "Välkommen åter!\r\n";
 
+/// The box of the farewell text, which neither scrolls nor can be changed.
+class TextBox : public QPlainTextEdit {
+   public:
+    TextBox(QWidget* parent, const ElementLook& look, const char* lines) : QPlainTextEdit(parent) {
+        set_up(*this, look);
+        setReadOnly(true);
+        setContextMenuPolicy(Qt::NoContextMenu);
+        // The last line break makes a ninth, empty line, which must not let the text scroll,
+        // neither by wheel nor by selecting.
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        QScrollBar* const bar = verticalScrollBar();
+        connect(bar, &QScrollBar::valueChanged, bar, [bar] { bar->setValue(0); });
+        constexpr int margin = 2;  // pixels
+        document()->setDocumentMargin(margin);
+        const QString text = QString::fromUtf8(lines);
+        const QSize room = contentsRect().size() - QSize(2 * margin, 2 * margin);
+        setFont(fitted(Font::regular, text, room, true));
+        QPalette colours = palette();
+        colours.setColor(QPalette::Base, parent->palette().color(QPalette::Window));
+        setPalette(colours);
+        setPlainText(text);
+    }
+
+   protected:
+    /// Neither scrolls nor, with Ctrl, makes the text larger or smaller.
+    void wheelEvent(QWheelEvent* event) override { event->accept(); }
+};
+
 }  // namespace
 
-Slut::Slut() : Window("Slut", "", Qt::Window | Qt::FramelessWindowHint, client_area) {
+/// The farewell window's table.
+struct Slut::Elements {
+    QWidget* window;
+
+    Label& Label1 = *new Label(window, {"Label1", {14, 10, 187, 29}, "Läs detta!"},
+                               {Font::heading_bold}, "Läs detta!");
+    TextBox& Text = *new TextBox(window, {"Text", {14, 54, 283, 111}, "Avskedstext"}, farewell);
+    Label& Label2 = *new Label(window, {"Label2", {10, 180, 187, 17}, "Tryck sedan på stäng!"},
+                               {Font::large_bold}, "Tryck sedan på stäng!");
+    CommandButton& Stäng = *new CommandButton(window, {"Stäng", {236, 178, 65, 25}, "Stäng"},
+                                              "Stäng", window->palette().color(QPalette::Button));
+};
+
+Slut::Slut() : Window("Slut", "", Qt::Window | Qt::FramelessWindowHint, {312, 212}) {
     setMinimumSize(smallest);
     setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     setMouseTracking(true);
-
-    new Label(this, Label1, {Font::heading_bold}, "Läs detta!");
-    auto* text = new QPlainTextEdit(this);
-    set_up(*text, Text);
-    text->setReadOnly(true);
-    text->setContextMenuPolicy(Qt::NoContextMenu);
-    text->setFont(window_font(Font::regular));
-    // The last line break makes a ninth, empty line, which must not let the text scroll, neither by
-    // wheel nor by selecting.
-    text->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    text->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    text->document()->setDocumentMargin(2);
-    QPalette colours = text->palette();
-    colours.setColor(QPalette::Base, palette().color(QPalette::Window));
-    text->setPalette(colours);
-    text->setPlainText(QString::fromUtf8(farewell));
-    QScrollBar* const bar = text->verticalScrollBar();
-    connect(bar, &QScrollBar::valueChanged, bar, [bar] { bar->setValue(0); });
-    new Label(this, Label2, {Font::large_bold}, "Tryck sedan på stäng!");
-    auto* close = new CommandButton(this, Stäng, "Stäng", palette().color(QPalette::Button));
-    connect(close, &QAbstractButton::clicked, this,
-            [this] { InputGate::instance().run([this] { Stäng_Click(); }); });
-    close->setFocus();
+    const Elements elements{this};
+    on_click(elements.Stäng, [this] { Stäng_Click(); });
+    elements.Stäng.setFocus();
 }
 
 void Slut::Stäng_Click() {
@@ -77,12 +93,26 @@ void Slut::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), face.darker(190));
     painter.fillRect(rect().adjusted(1, 1, -1, -1), face.lighter(110));
     painter.fillRect(rect().adjusted(2, 2, -2, -2), face.darker(112));
-    painter.fillRect(rect().adjusted(frame_width, frame_width, -frame_width, -frame_width), face);
+    painter.fillRect(inside_frame(), face);
+}
+
+// The elements keep their places, also where they lie under the frame of a window made small; the
+// frame stays free for the mouse.
+void Slut::resizeEvent(QResizeEvent*) {
+    const auto elements = findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+    for (QWidget* element : elements) {
+        const QRect seen = inside_frame().translated(-element->pos()) & element->rect();
+        // An empty mask would be none.
+        element->setMask(seen.isEmpty() ? QRect(-1, -1, 1, 1) : seen);
+    }
+}
+
+QRect Slut::inside_frame() const {
+    return rect().adjusted(frame_width, frame_width, -frame_width, -frame_width);
 }
 
 Qt::Edges Slut::edges_at(QPoint place) const {
-    const QRect inside = rect().adjusted(frame_width, frame_width, -frame_width, -frame_width);
-    if (inside.contains(place)) return {};
+    if (inside_frame().contains(place)) return {};
     const QRect middle = rect().adjusted(corner_width, corner_width, -corner_width, -corner_width);
     Qt::Edges edges;
     if (place.x() < middle.left()) edges |= Qt::LeftEdge;

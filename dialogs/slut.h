@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/elements.h"
 #include "platform/window.h"
 
 namespace brusbo {
@@ -12,12 +11,16 @@ class Slut : public Window {
 
    protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
    private:
+    struct Elements;
+
     void Stäng_Click();
+    QRect inside_frame() const;
     Qt::Edges edges_at(QPoint place) const;
     void resize_to(QPoint global_place);
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <functional>
-#include <vector>
+#include <memory>
 
-#include "platform/elements.h"
+#include "platform/pictures.h"
 #include "platform/window.h"
 
 namespace brusbo {
@@ -12,33 +12,45 @@ namespace brusbo {
 /// once; the first one showing sets the defaults.
 class Startfrm : public Window {
    public:
-    /// `show_MFrm` shows the main window, or makes it the active one again; `painted` is called
-    /// once, when the window has been painted for the first time.
-    Startfrm(std::function<void()> show_MFrm, std::function<void()> painted);
+    static constexpr Picture background = picture("side-panel");
 
-    /// What goes before the first activation: the defaults of the state.
+    /// What player 1..4 is called until somebody types another name.
+    static QString default_name(int player);
+
+    /// What the start window wants of the windows it opens.
+    struct MainWindow {
+        std::function<void()> load;  ///< without showing it
+        std::function<void()> show;  ///< or make it the active one again
+    };
+
+    explicit Startfrm(MainWindow main_window);
+    ~Startfrm() override;
+
+    /// What goes before the first showing: the defaults of the state, and the main window's
+    /// loading.
     void Form_Load();
+
+    /// Returns when the window has been painted for the first time, or after a tenth of a second:
+    /// on a hidden desktop nothing is painted.
+    void wait_until_painted();
 
    protected:
     void Form_Activate() override;
-    void close_requested() override;
+    void close_requested() override { Form_Unload(); }
     void paintEvent(QPaintEvent* event) override;
 
    private:
-    void make_elements();
-    void connect_elements();
+    struct Elements;
 
+    void Form_Unload();
     void AntSpelare_Click(int Index);
     void Namn_Change(int Index);
     void Sound_Click();
     void Starta_Click();
 
-    std::function<void()> show_MFrm_;
+    MainWindow main_window_;
     std::function<void()> painted_;
-    std::vector<OptionButton*> AntSpelare_;
-    std::vector<NameBox*> Namn_;
-    CheckBox* Sound_ = nullptr;
-    CommandButton* Starta_ = nullptr;
+    std::unique_ptr<Elements> elements_;
 };
 
 }  // namespace brusbo

@@ -5,6 +5,7 @@
 
 #include "engine/spela_ljud.h"
 #include "engine/state.h"
+#include "engine/turn.h"
 #include "engine/world.h"
 
 namespace brusbo {
@@ -65,8 +66,6 @@ void Visa_tärning(const std::uint8_t& Slag) {
     screen().set_picture(Element::Tärning, {Store::T, static_cast<std::int16_t>(Slag - 1)});
 }
 
-void Med(std::string_view Meddelande) { screen().set_text(Element::labMeddelande, Meddelande); }
-
 void Efter_slag() {
     const int in_nest = Spelare[Aktuell_spelare].Antal_i_boet;
     const int finished = Spelare[Aktuell_spelare].Antal_klara;
@@ -100,30 +99,6 @@ void Efter_slag() {
             ". Det enda du kan göra nu är att flytta en av de pjäser du har på spelplanen genom "
             "att klicka på den.");
     }
-}
-
-void Tärning_6() {
-    Har_flyttat = true;
-    Tärning_enabled = true;
-    screen().set_enabled(Element::Tärning, true);
-    butNästa_visible = false;
-    screen().set_visible(Element::butNästa, false);
-    Med("Eftersom du slog 6 får du slå igen!");
-    Val12(false);
-}
-
-void Val12(const bool& Index) {
-    butEn_pjäs_visible = Index;
-    screen().set_visible(Element::butEn_pjäs, Index);
-    butTvå_pjäser_visible = Index;
-    screen().set_visible(Element::butTvå_pjäser, Index);
-}
-
-void Klar() {
-    Har_flyttat = true;
-    butNästa_visible = true;
-    screen().set_visible(Element::butNästa, true);
-    screen().set_focus(Element::butNästa);
 }
 
 }  // namespace brusbo

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
 
 namespace brusbo {
 
@@ -17,20 +16,8 @@ std::int16_t Slå_tärning();
 /// Gives the die the picture of face `Slag`, 1..6.
 void Visa_tärning(const std::uint8_t& Slag);
 
-/// Replaces the text of the message line; UTF-8.
-void Med(std::string_view Meddelande);
-
 /// Looks at the throw and the current player's nest: writes one message, offers the nest exits that
 /// apply, or ends the turn.
 void Efter_slag();
-
-/// Grants the current player another throw.
-void Tärning_6();
-
-/// Shows or hides both nest buttons.
-void Val12(const bool& Index);
-
-/// Ends the turn.
-void Klar();
 
 }  // namespace brusbo

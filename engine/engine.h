@@ -10,6 +10,7 @@
 #include "engine/moves.h"
 #include "engine/nest.h"
 #include "engine/new_game.h"
+#include "engine/pieces.h"
 #include "engine/positions.h"
 #include "engine/screen.h"
 #include "engine/services.h"

@@ -1,9 +1,8 @@
 #include "engine/knocking.h"
 
-#include "engine/die.h"
-#include "engine/positions.h"
+#include "engine/pieces.h"
 #include "engine/state.h"
-#include "engine/world.h"
+#include "engine/turn.h"
 
 namespace brusbo {
 
@@ -25,8 +24,8 @@ void Händelse_eller_inte(std::int16_t VPjäs) {
         const Spelardata& other = Spelare[Annan_spelare];
         for (Annan_pjäs = 1; Annan_pjäs <= pieces_each; ++Annan_pjäs) {
             const int square = other.Ruta[Annan_pjäs];
-            // Neither has a point of its own: in a table of zeros they would seem to meet everyone.
-            if (square == square_nest || square == square_finished) continue;
+            // The nest has no point: in a table of zeros it would seem to be everywhere.
+            if (square == square_nest) continue;
             if (Positioner[Annan_spelare][axis_x][square] == x &&
                 Positioner[Annan_spelare][axis_y][square] == y &&
                 Pjäs_visible[other.Bildnr[Annan_pjäs - 1]])

@@ -17,9 +17,9 @@ void mark_stack(int player, int piece) {
         if (data.Ruta[lower] != square) {
             screen().set_visible(marker, false);
         } else if (Pjäs_visible[picture]) {
-            screen().set_visible(marker, true);
             screen().move(marker, Positioner[player][axis_x][square],
                           Positioner[player][axis_y][square]);
+            screen().set_visible(marker, true);
             return;
         }
     }

@@ -3,6 +3,7 @@
 #include "engine/die.h"
 #include "engine/knocking.h"
 #include "engine/markings.h"
+#include "engine/pieces.h"
 #include "engine/spela_ljud.h"
 #include "engine/state.h"
 #include "engine/turn.h"
@@ -91,24 +92,9 @@ void Pjäs_Click(std::int16_t Index) {
     Spela_ljud(sound_click);
     if (accepts_click(Index)) {
         if (!move_piece(Index)) return;
-        if (Senaste_slag == 6) {
-            Tärning_6();
-        } else {
-            Klar();
-            Val12(false);
-        }
+        end_move();
     }
     show_finished_count();
-}
-
-std::int16_t Vilken_pjäs(std::int16_t Index) {
-    if (Index < 0 || Index >= piece_count) return 0;
-    return static_cast<std::int16_t>(Index / pieces_each + 1);
-}
-
-std::int16_t Pjäsen(std::int16_t Index) {
-    if (Index < 0 || Index >= piece_count) return 0;
-    return static_cast<std::int16_t>(Index % pieces_each + 1);
 }
 
 void Flytta(std::int16_t VPjäs, std::int16_t antSteg) { walk(VPjäs, antSteg, +1); }

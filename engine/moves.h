@@ -7,12 +7,6 @@ namespace brusbo {
 /// A click on piece picture `Index`. Does nothing when the picture is hidden or does not exist.
 void Pjäs_Click(std::int16_t Index);
 
-/// The owner of a piece picture, 1..4; 0 for an index outside 0..15.
-std::int16_t Vilken_pjäs(std::int16_t Index);
-
-/// The number of a piece picture within its owner, 1..4; 0 for an index outside 0..15.
-std::int16_t Pjäsen(std::int16_t Index);
-
 /// Walks the current player's piece `VPjäs`, 1..4, forward, one square at a time, then knocks home
 /// whom it landed on and recomputes the stack markers. `antSteg` may be 0.
 void Flytta(std::int16_t VPjäs, std::int16_t antSteg);

@@ -2,10 +2,10 @@
 
 #include <cassert>
 
-#include "engine/die.h"
 #include "engine/moves.h"
 #include "engine/spela_ljud.h"
 #include "engine/state.h"
+#include "engine/turn.h"
 
 namespace brusbo {
 
@@ -34,12 +34,7 @@ void butEn_pjäs_Click() {
 
     Spela_ljud(sound_click);
     walk_out(Senaste_slag);
-    if (Senaste_slag == 6) {
-        Tärning_6();
-    } else {
-        Klar();
-        Val12(false);
-    }
+    end_move();
 }
 
 void butTvå_pjäser_Click() {

@@ -1,8 +1,7 @@
 #include "engine/new_game.h"
 
-#include "engine/die.h"
 #include "engine/markings.h"
-#include "engine/positions.h"
+#include "engine/pieces.h"
 #include "engine/state.h"
 #include "engine/turn.h"
 #include "engine/world.h"

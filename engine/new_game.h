@@ -1,10 +1,6 @@
 #pragma once
 
-#include <string_view>
-
 namespace brusbo {
-
-inline constexpr std::string_view ask_for_throw = "Slå genom att klicka på tärningen.";
 
 /// The players reset: full nests, nobody finished, player 1's turn. Runs each time the start
 /// window becomes active and at the start of every new game. Leaves the squares as they are.

@@ -7,12 +7,13 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <system_error>
 
-#include "engine/moves.h"
+#include "engine/pieces.h"
 #include "engine/state.h"
-#include "engine/turn.h"
 #include "engine/world.h"
 
 namespace brusbo {
@@ -24,7 +25,7 @@ constexpr int longest_text = record_size - 2;
 constexpr int goal_record = 57;
 
 [[noreturn]] void stop(int error, const std::filesystem::path& path) {
-    throw std::system_error(error, std::generic_category(), path.string());
+    throw std::system_error(error, std::generic_category(), "Kan inte öppna " + path.string());
 }
 
 /// Opens without truncating; a missing file is created.
@@ -33,20 +34,46 @@ std::fstream open_positions(const std::filesystem::path& path) {
     const auto kind = std::filesystem::status(path, ignored).type();
     // Neither has records to go to; opening a pipe could also wait for ever.
     if (kind == std::filesystem::file_type::directory) stop(EISDIR, path);
-    if (kind == std::filesystem::file_type::fifo || kind == std::filesystem::file_type::socket)
-        stop(ESPIPE, path);
+    if (kind == std::filesystem::file_type::fifo) stop(ESPIPE, path);
 
     using std::ios;
-    errno = 0;
     std::fstream file(path, ios::in | ios::out | ios::app | ios::binary);
     if (!file.is_open()) {
-        const int error = errno != 0 ? errno : EIO;
+        const int error = errno;
         file.open(path, ios::in | ios::binary);
         if (!file.is_open()) stop(error, path);
     }
-    file.seekg(0);
-    if (!file) stop(ESPIPE, path);
     return file;
+}
+
+/// The number that a text starts with, rounded to the nearest whole number, halves to the even
+/// neighbour; 0 for a text that starts with no number. Blanks, tabs and line feeds count for
+/// nothing anywhere. Throws for a number outside 32 bits, with the place in the message.
+std::int32_t whole_number(std::string_view text, const std::string& place) {
+    // from_chars would also read words for numbers, but no plus in front.
+    std::string number;
+    for (const char c : text) {
+        if (c == ' ' || c == '\t' || c == '\n') continue;
+        if (std::string_view("0123456789.eE+-").find(c) == std::string_view::npos) break;
+        number += c;
+    }
+    std::string_view digits = number;
+    if (digits.starts_with('+')) digits.remove_prefix(digits.starts_with("+-") ? digits.size() : 1);
+
+    double value = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (result.ec == std::errc::result_out_of_range) {
+        // A text so short leaves the range of a double by its exponent alone. Too small is zero,
+        // too large is too large for 32 bits all the more.
+        const bool tiny = digits[digits.find_first_of("eE") + 1] == '-';
+        value = tiny ? 0 : std::numeric_limits<double>::infinity();
+    }
+
+    const double rounded = std::nearbyint(value);  // halves to the even neighbour
+    if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
+          rounded <= std::numeric_limits<std::int32_t>::max()))
+        throw std::system_error(std::make_error_code(std::errc::result_out_of_range), place);
+    return static_cast<std::int32_t>(rounded);
 }
 
 /// The value of record n, 1..113; what lies behind the end of the file reads as zero bytes.
@@ -55,71 +82,16 @@ std::int32_t record_value(std::istream& file, int n) {
     file.clear();
     file.seekg(std::streamoff{record_size} * (n - 1));
     if (file) file.read(record.data(), record_size);
-    const std::string place = "brs.dat, record " + std::to_string(n);
+    const std::string place = "brs.dat, post " + std::to_string(n);
     if (file.bad()) throw std::system_error(EIO, std::generic_category(), place);
 
     const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(record[at]); };
     const unsigned length = byte(0) + 256U * byte(1);
-    if (length > longest_text)
-        throw std::system_error(std::make_error_code(std::errc::bad_message), place);
-    try {
-        return whole_number({record.data() + 2, length});
-    } catch (const std::system_error& error) {
-        throw std::system_error(error.code(), place);
-    }
-}
-
-/// Copies the characters that can continue a number, blanks left out, to `number`; what follows an
-/// incomplete exponent is left out too. Returns how many.
-std::size_t copy_number(std::string_view text, char* number) {
-    std::size_t size = 0;
-    std::size_t complete = 0;  // up to here it is a number even if nothing more follows
-    bool point = false;
-    bool exponent = false;
-    bool sign_allowed = true;
-    for (const char c : text) {
-        if (c == ' ' || c == '\t' || c == '\n') continue;
-        if (c >= '0' && c <= '9')
-            complete = size + 1;
-        else if (c == '.' && !point && !exponent)
-            point = true;
-        else if ((c == 'e' || c == 'E') && !exponent && complete != 0)
-            exponent = true;
-        else if ((c != '+' && c != '-') || !sign_allowed)
-            break;
-        sign_allowed = c == 'e' || c == 'E';
-        number[size++] = c;
-    }
-    return complete;
+    if (length > longest_text) throw std::runtime_error(place + ": texten är längre än posten");
+    return whole_number({record.data() + 2, length}, place);
 }
 
 }  // namespace
-
-std::int32_t whole_number(std::string_view text) {
-    std::string number(text.size(), '\0');
-    number.resize(copy_number(text, number.data()));
-    // from_chars knows no plus in front of the number.
-    std::string_view digits = number;
-    if (digits.starts_with('+')) digits.remove_prefix(1);
-
-    double value = 0;
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (result.ec == std::errc::result_out_of_range) {
-        // Too small for a double is zero, too large is too large for 32 bits all the more.
-        const auto e = digits.find_first_of("eE");
-        const bool tiny = e != std::string_view::npos && digits[e + 1] == '-';
-        value = tiny ? 0 : std::numeric_limits<double>::infinity();
-    }
-
-    const double below = std::floor(value);
-    const double fraction = value - below;
-    const bool up = fraction > 0.5 || (fraction == 0.5 && std::fmod(below, 2.0) != 0.0);
-    const double rounded = up ? below + 1 : below;
-    if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
-          rounded <= std::numeric_limits<std::int32_t>::max()))
-        throw std::system_error(std::make_error_code(std::errc::result_out_of_range), "brs.dat");
-    return static_cast<std::int32_t>(rounded);
-}
 
 void read_positions(std::istream& file) {
     constexpr int ring = 40;
@@ -159,13 +131,6 @@ void Ladda_Positioner() {
     screen().set_picture(Element::mnuOm, {Store::gimgOm, 0});
     screen().set_picture(Element::butMini, {Store::gimgMinimera, 0});
     screen().set_picture(Element::butAvsluta, {Store::GimgAvsluta, 0});
-}
-
-void move_to_nest_place(int b) {
-    constexpr int apart = 42;  // pixels
-    const Spelardata& owner = Spelare[b / pieces_each + 1];
-    screen().move({Element::Pjäs, b}, owner.Bo_x + apart * (b % 2),
-                  owner.Bo_y + apart * (b % pieces_each / 2));
 }
 
 }  // namespace brusbo

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <cstdint>
 #include <iosfwd>
-#include <string_view>
 
 namespace brusbo {
 
@@ -10,21 +8,17 @@ namespace brusbo {
 /// directory, then the nest corners and the picture indexes of the players, and gives pieces,
 /// markers and picture buttons their pictures.
 ///
-/// A missing file is created, empty; a short one reads as zeros from its end on. Throws
-/// std::system_error with the platform's message when the file can neither be opened for reading
-/// and writing nor for reading alone or cannot be read at any place, when a number does not fit in
-/// 32 bits, and when a record's length does not fit in the record.
+/// A missing file is created, empty; a short one reads as zeros from its end on, and so does one
+/// that knows no places. Throws std::system_error when the file is a directory or a pipe or can
+/// neither be opened for reading and writing nor for reading alone; else as `read_positions`.
 void Ladda_Positioner();
 
-/// Fills `Positioner` from the records of a positions file; throws as above.
+/// Fills `Positioner` from the records of a positions file. Throws std::system_error when a record
+/// cannot be read or its number does not fit in 32 bits, and std::runtime_error when a record's
+/// length does not fit in the record.
+///
+/// What is thrown is meant for players: Swedish around the platform's own message, UTF-8, as in
+/// "brs.dat, post 57: Input/output error".
 void read_positions(std::istream& file);
-
-/// The number that a text starts with, rounded to the nearest whole number, halves to the even
-/// neighbour; 0 for a text that starts with no number. Blanks, tabs and line feeds count for
-/// nothing anywhere. Throws std::system_error (result_out_of_range) for a number outside 32 bits.
-std::int32_t whole_number(std::string_view text);
-
-/// Places piece picture b, 0..15, at its fixed place in its owner's nest.
-void move_to_nest_place(int b);
 
 }  // namespace brusbo

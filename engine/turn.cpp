@@ -1,11 +1,7 @@
 #include "engine/turn.h"
 
-#include <cassert>
-#include <string_view>
-
-#include "engine/die.h"
 #include "engine/markings.h"
-#include "engine/new_game.h"
+#include "engine/pieces.h"
 #include "engine/spela_ljud.h"
 #include "engine/state.h"
 #include "engine/world.h"
@@ -20,6 +16,41 @@ bool ends_in_s(std::string_view name) {
 }
 
 }  // namespace
+
+void Med(std::string_view Meddelande) { screen().set_text(Element::labMeddelande, Meddelande); }
+
+void Val12(const bool& Index) {
+    butEn_pjäs_visible = Index;
+    screen().set_visible(Element::butEn_pjäs, Index);
+    butTvå_pjäser_visible = Index;
+    screen().set_visible(Element::butTvå_pjäser, Index);
+}
+
+void Klar() {
+    Har_flyttat = true;
+    butNästa_visible = true;
+    screen().set_visible(Element::butNästa, true);
+    screen().set_focus(Element::butNästa);
+}
+
+void Tärning_6() {
+    Har_flyttat = true;
+    Tärning_enabled = true;
+    screen().set_enabled(Element::Tärning, true);
+    butNästa_visible = false;
+    screen().set_visible(Element::butNästa, false);
+    Med("Eftersom du slog 6 får du slå igen!");
+    Val12(false);
+}
+
+void end_move() {
+    if (Senaste_slag == 6) {
+        Tärning_6();
+    } else {
+        Klar();
+        Val12(false);
+    }
+}
 
 void butNästa_Click() {
     if (!butNästa_visible) return;
@@ -48,11 +79,6 @@ void show_finished_count() {
     screen().set_text(
         Element::labPjäser_klara,
         joined({"Antal pjäser klara: ", digit(Spelare[Aktuell_spelare].Antal_klara)}));
-}
-
-StorePicture piece_picture(int player) {
-    assert(player >= 1 && player <= most_players);
-    return {static_cast<Store>(static_cast<int>(Store::gimgRöd) + player - 1), 0};
 }
 
 }  // namespace brusbo

@@ -1,8 +1,9 @@
 #include "mainwindow/game_menu.h"
 
-#include <utility>
+#include <QEventLoop>
 
-#include "platform/layout.h"
+#include "platform/fonts.h"
+#include "platform/input_gate.h"
 
 namespace brusbo {
 
@@ -13,51 +14,57 @@ bool is_new_game_key(const QKeyEvent& event) {
 
 GameMenu::GameMenu(QWidget* parent)
     : QMenu(parent),
-      mnuNytt_spel(addAction(QStringLiteral("Nytt spel"))),
-      mnuNytt_snabbt(addAction(QStringLiteral("Nytt spel (snabbt, samma spelare)"))),
-      mnuAvsluta(nullptr) {
+      mnuNytt_spel(add_item("mnuNytt_spel", "Nytt spel")),
+      mnuNytt_snabbt(add_item("mnuNytt_snabbt", "Nytt spel (snabbt, samma spelare)")),
+      mnuAvsluta(add_item("mnuAvsluta", "Avsluta")) {
     setObjectName(QStringLiteral("aaa"));
     setTitle(QStringLiteral("Arkiv"));
     setAccessibleName(title());
     setFont(window_font(Font::regular));
-    addSeparator()->setObjectName(QStringLiteral("nada"));
-    mnuAvsluta = addAction(QStringLiteral("Avsluta"));
-
-    mnuNytt_spel->setObjectName(QStringLiteral("mnuNytt_spel"));
+    insertSeparator(mnuAvsluta)->setObjectName(QStringLiteral("nada"));
     // Shown beside the item; the main window listens for the key itself, since a menu that no
     // menu bar shows has no shortcuts of its own.
     mnuNytt_spel->setShortcut(Qt::Key_F2);
     mnuNytt_spel->setShortcutVisibleInContextMenu(true);
-    mnuNytt_snabbt->setObjectName(QStringLiteral("mnuNytt_snabbt"));
-    mnuAvsluta->setObjectName(QStringLiteral("mnuAvsluta"));
 }
 
-QAction* GameMenu::choose(QPoint place) {
+QAction* GameMenu::add_item(const char* name, const char* caption) {
+    QAction* const item = addAction(QString::fromUtf8(caption));
+    item->setObjectName(QString::fromUtf8(name));
+    return item;
+}
+
+const QAction* GameMenu::choose(QPoint place) {
     // Pressed again by other means than the mouse, which the open menu would have got.
-    if (opening_ != nullptr) {
+    if (isVisible()) {
         close();
         return nullptr;
     }
-    by_shortcut_ = nullptr;
-    InputGate::Opening opening;
-    opening_ = &opening;
-    QAction* const chosen = exec(place);
-    opening_ = nullptr;
-    return by_shortcut_ != nullptr ? std::exchange(by_shortcut_, nullptr) : chosen;
+    const QAction* chosen = nullptr;
+    QEventLoop loop;
+    connect(this, &QMenu::triggered, &loop, [&](const QAction* item) { chosen = item; });
+    connect(this, &QMenu::aboutToHide, &loop, &QEventLoop::quit);
+    popup(place);
+    InputGate::instance().open_for(loop);
+    return chosen;
 }
 
 void GameMenu::keyPressEvent(QKeyEvent* event) {
-    if (is_new_game_key(*event)) {
-        by_shortcut_ = mnuNytt_spel;
-        close();
-    } else {
-        QMenu::keyPressEvent(event);
-    }
+    if (!is_new_game_key(*event)) return QMenu::keyPressEvent(event);
+    close();
+    mnuNytt_spel->trigger();
 }
 
-void GameMenu::hideEvent(QHideEvent* event) {
-    QMenu::hideEvent(event);
-    if (opening_ != nullptr) opening_->end();
+bool GameMenu::leaves_items_alone(const QMouseEvent& event) const {
+    return event.button() != Qt::LeftButton && rect().contains(event.position().toPoint());
+}
+
+void GameMenu::mousePressEvent(QMouseEvent* event) {
+    if (!leaves_items_alone(*event)) QMenu::mousePressEvent(event);
+}
+
+void GameMenu::mouseReleaseEvent(QMouseEvent* event) {
+    if (!leaves_items_alone(*event)) QMenu::mouseReleaseEvent(event);
 }
 
 }  // namespace brusbo

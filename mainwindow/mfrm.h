@@ -1,13 +1,8 @@
 #pragma once
 
-#include <QAction>
-#include <functional>
-#include <memory>
-#include <vector>
-
 #include "mainwindow/game_menu.h"
+#include "mainwindow/mfrm_elements.h"
 #include "mainwindow/picture_buttons.h"
-#include "platform/elements.h"
 #include "platform/window.h"
 
 namespace brusbo {
@@ -23,32 +18,16 @@ class OtherWindows {
     virtual void show_Slut() = 0;
 };
 
-/// The main window with its elements. What they show is the rules' business (MFrmScreen).
+/// The main window. What its elements show is the rules' business (MFrmScreen).
 class MFrm : public Window {
    public:
     explicit MFrm(OtherWindows& other_windows);
-    ~MFrm() override;
 
-    /// Reads the positions file and gives the elements their pictures; throws as
-    /// Ladda_Positioner does. Once, after `set_world`.
-    void Form_Load();
+    /// Reads the positions file, before any of the elements exists; throws as Ladda_Positioner
+    /// does. Once, after set_world().
+    static void Form_Load();
 
-    // The elements that the rules write to.
-    Label* labVisa_tur = nullptr;
-    Label* labMeddelande = nullptr;
-    Label* labPjäser_klara = nullptr;
-    Image* imgVisa_tur = nullptr;
-    PictureButton* Tärning = nullptr;
-    LabelButton* butEn_pjäs = nullptr;
-    LabelButton* butTvå_pjäser = nullptr;
-    CommandButton* butNästa = nullptr;
-    std::vector<PictureButton*> Pjäs;
-    std::vector<Image*> Plus;
-    Circle* shpHålbak = nullptr;
-    PictureButton* mnuArkiv = nullptr;
-    PictureButton* mnuOm = nullptr;
-    PictureButton* butMini = nullptr;
-    PictureButton* butAvsluta = nullptr;
+    const MFrmElements& elements() const { return elements_; }
 
    protected:
     void Form_Activate() override;
@@ -57,19 +36,20 @@ class MFrm : public Window {
     void paintEvent(QPaintEvent* event) override;
 
    private:
-    void make_title_bar();
-    void make_side_panel();
-    void make_board();
     void connect_clicks();
 
     void mnuArkiv_Click();
     void mnuOm_Click();
     void butMini_Click();
     void butAvsluta_Click();
+    void mnuNytt_spel_Click();
+    void mnuNytt_snabbt_Click();
+    void mnuAvsluta_Click();
 
     OtherWindows& other_windows_;
+    MFrmElements elements_;
+    PictureButtons picture_buttons_;
     GameMenu aaa_;
-    std::unique_ptr<PictureButtons> picture_buttons_;
 };
 
 }  // namespace brusbo

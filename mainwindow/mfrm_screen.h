@@ -1,14 +1,17 @@
 #pragma once
 
+#include <vector>
+
 #include "engine/screen.h"
 #include "mainwindow/mfrm.h"
 
 namespace brusbo {
 
-/// The rules' element operations, carried out on the widgets of the main window.
+/// The rules' element operations, carried out on the widgets of the main window. Before there is
+/// one, elements can be given their pictures, which the window gets when it comes.
 class MFrmScreen : public Screen {
    public:
-    explicit MFrmScreen(MFrm& window) : window_(window) {}
+    void show_on(const MFrm& window);
 
     void set_text(Element label, std::string_view text) override;
     void set_visible(ElementId element, bool visible) override;
@@ -22,9 +25,15 @@ class MFrmScreen : public Screen {
     LayoutPlace layout_place(ElementId element) const override;
 
    private:
-    QWidget* widget(ElementId element) const;
+    struct Given {
+        ElementId element;
+        StorePicture picture;
+    };
 
-    MFrm& window_;
+    QWidget& widget(ElementId element) const;
+
+    const MFrm* window_ = nullptr;
+    std::vector<Given> early_pictures_;
 };
 
 }  // namespace brusbo

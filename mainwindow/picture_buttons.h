@@ -1,10 +1,9 @@
 #pragma once
 
 #include <QObject>
-#include <QPoint>
 
 #include "engine/screen.h"
-#include "platform/elements.h"
+#include "platform/picture_elements.h"
 
 namespace brusbo {
 
@@ -17,8 +16,12 @@ class PictureButtons : public QObject {
                    PictureButton& butAvsluta);
 
     /// A movement of the mouse that belongs to button `NAME1`, whose pictures are in store `NAME2`;
-    /// `X` and `Y` are pixels from the button's top-left corner and may lie outside it.
-    void MouseOver(PictureButton& NAME1, Store NAME2, int X, int Y);
+    /// `X` and `Y` are pixels from the button's top-left corner, device pixels as fractions, and
+    /// may lie outside it.
+    void MouseOver(PictureButton& NAME1, Store NAME2, float X, float Y);
+
+    /// Releases the capture; the button that held it gets its normal picture.
+    void release_capture();
 
     /// Releases the capture and gives all four buttons their normal pictures.
     void Rel();
@@ -32,10 +35,10 @@ class PictureButtons : public QObject {
         Store store;
     };
 
-    void mouse_moved(const QObject* receiver, QPoint global_place);
+    void mouse_moved(const Row& row, QPointF global_place);
 
     Row rows_[4];
-    Row* capture_ = nullptr;
+    const Row* capture_ = nullptr;
 };
 
 }  // namespace brusbo

@@ -2,7 +2,7 @@
 
 #include <cassert>
 
-#include "platform/elements.h"
+#include "platform/picture_elements.h"
 
 namespace brusbo {
 
@@ -41,11 +41,10 @@ PictureStores::PictureStores(QWidget* board) : QWidget(board) {
     for (const StoreRow& row : stores) {
         for (int index = 0; index < row.count; ++index) {
             const Picture picture = nth(row.first, index);
-            const QByteArray name =
-                row.count == 1 ? QByteArray(row.name)
-                               : QByteArray(row.name) + '(' + QByteArray::number(index) + ')';
+            const QString name =
+                row.count == 1 ? QString::fromUtf8(row.name) : numbered(row.name, index);
             const QSize extent = picture_size(picture);
-            new Image(this, {name.constData(), {0, 0, extent.width(), extent.height()}}, picture);
+            new Image(this, {name, {0, 0, extent.width(), extent.height()}}, picture);
         }
     }
 }

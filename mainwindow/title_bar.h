@@ -1,8 +1,10 @@
 #pragma once
 
-#include <QPoint>
+#include <functional>
+#include <optional>
 
-#include "platform/elements.h"
+#include "platform/picture_elements.h"
+#include "platform/system_grip.h"
 
 namespace brusbo {
 
@@ -10,19 +12,21 @@ namespace brusbo {
 /// button is released.
 class TitleBar : public Image {
    public:
-    explicit TitleBar(QWidget* window);
+    TitleBar(QWidget* window, const ElementLook& look, Picture picture);
+
+    /// Called first on each press.
+    std::function<void()> release_capture = [] {};
 
    protected:
-    void mousePressEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override { Namnlist_MouseDown(*event); }
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
    private:
     void Namnlist_MouseDown(const QMouseEvent& press);
-    void move_window(const QMouseEvent& event);
 
-    Qt::MouseButton moving_button_ = Qt::NoButton;
-    QPoint grip_;  ///< from the window's top-left corner, frame not included
+    std::optional<WindowGrip> grip_;
+    Qt::MouseButton button_ = Qt::NoButton;  ///< that holds the window
 };
 
 }  // namespace brusbo

@@ -17,10 +17,8 @@ QAccessible::Role role_of(const QAbstractButton& button) {
     return button.isCheckable() ? QAccessible::RadioButton : QAccessible::Button;
 }
 
-void click(QAbstractButton* button) {
-    if (button->isVisible() && !blocked_by_modal(*button)) button->click();
-}
-
+/// Qt's own interface toggles option buttons without a click, refuses at once where a click waits
+/// for the end of an action, and presses with a delay.
 class AccessibleButton : public QAccessibleWidget {
    public:
     explicit AccessibleButton(QAbstractButton* button)
@@ -34,38 +32,35 @@ class AccessibleButton : public QAccessibleWidget {
         return state;
     }
 
-    QString text(QAccessible::Text kind) const override {
-        if (kind == QAccessible::Name && button()->accessibleName().isEmpty())
-            return button()->text();
-        return QAccessibleWidget::text(kind);
-    }
-
     QStringList actionNames() const override {
         return {button()->isCheckable() ? toggleAction() : pressAction(), setFocusAction()};
     }
 
     void doAction(const QString& action) override {
-        if (action != pressAction() && action != toggleAction()) {
-            QAccessibleWidget::doAction(action);
-            return;
-        }
-        InputGate::instance().deliver([target = QPointer(button())] {
-            if (target) click(target);
-        });
+        if (action == setFocusAction()) return QAccessibleWidget::doAction(action);
+        const auto click = [target = QPointer(button())] {
+            if (target && target->isVisible() && takes_input(*target)) target->click();
+        };
+        // Later, for whoever presses waits for an answer, and an action takes its time.
+        auto& gate = InputGate::instance();
+        QMetaObject::invokeMethod(
+            &gate, [&gate, click] { gate.deliver(click); }, Qt::QueuedConnection);
     }
 
    private:
     QAbstractButton* button() const { return static_cast<QAbstractButton*>(object()); }
 };
 
-QAccessibleInterface* make_accessible(const QString& class_name, QObject* object) {
-    auto* button = qobject_cast<QAbstractButton*>(object);
-    if (button == nullptr || !class_name.startsWith(QLatin1String("brusbo::"))) return nullptr;
-    return new AccessibleButton(button);
-}
-
 }  // namespace
 
-void install_accessible_buttons() { QAccessible::installFactory(make_accessible); }
+void install_accessible_buttons() {
+    QAccessible::installFactory([](const QString& name, QObject* object) -> QAccessibleInterface* {
+        // Qt knows ours by what they derive from; its own buttons have names of their own.
+        const bool ours =
+            name == object->metaObject()->className() &&
+            (name == QLatin1String("QAbstractButton") || name == QLatin1String("QCheckBox"));
+        return ours ? new AccessibleButton(static_cast<QAbstractButton*>(object)) : nullptr;
+    });
+}
 
 }  // namespace brusbo

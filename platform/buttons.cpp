@@ -14,37 +14,43 @@ void paint_face(QPainter& painter, const QRect& box, QColor face, bool pressed) 
     const QColor light = face.lighter(118);
     const QColor dark = face.darker(145);
     painter.fillRect(box, face);
-    const QRect inner = box.adjusted(1, 1, -1, -1);
-    const auto edge = [&](QColor top_left, QColor bottom_right) {
-        painter.fillRect(inner.left(), inner.top(), inner.width(), 1, top_left);
-        painter.fillRect(inner.left(), inner.top(), 1, inner.height(), top_left);
-        painter.fillRect(inner.left(), inner.bottom(), inner.width(), 1, bottom_right);
-        painter.fillRect(inner.right(), inner.top(), 1, inner.height(), bottom_right);
+    const auto edge = [&](const QRect& ring, QColor top_left, QColor bottom_right) {
+        painter.fillRect(ring.left(), ring.top(), ring.width(), 1, top_left);
+        painter.fillRect(ring.left(), ring.top(), 1, ring.height(), top_left);
+        painter.fillRect(ring.left(), ring.bottom(), ring.width(), 1, bottom_right);
+        painter.fillRect(ring.right(), ring.top(), 1, ring.height(), bottom_right);
     };
-    if (pressed)
-        edge(dark, face);
-    else
-        edge(light, dark);
-    const QColor border = face.darker(260);
-    painter.fillRect(box.left(), box.top(), box.width(), 1, border);
-    painter.fillRect(box.left(), box.bottom(), box.width(), 1, border);
-    painter.fillRect(box.left(), box.top(), 1, box.height(), border);
-    painter.fillRect(box.right(), box.top(), 1, box.height(), border);
+    edge(box.adjusted(1, 1, -1, -1), pressed ? dark : light, pressed ? face : dark);
+    edge(box, face.darker(260), face.darker(260));
 }
 
-void paint_focus(QPainter& painter, const QRect& box) {
-    painter.setPen(QPen(QColor(0, 0, 0, 150), 1, Qt::DotLine));
-    painter.drawRect(QRectF(box.adjusted(3, 3, -4, -4)).translated(0.5, 0.5));
+/// The mark of the keyboard focus, so many pixels inside the box.
+void paint_focus(QPainter& painter, const QRect& box, int inside, int opacity = 150) {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(QColor(0, 0, 0, opacity), 1, Qt::DotLine));
+    const QRect mark = box.adjusted(inside, inside, -inside - 1, -inside - 1);
+    painter.drawRect(QRectF(mark).translated(0.5, 0.5));
+}
+
+/// The text of a button, on one line inside its border.
+void set_caption(QAbstractButton& button, const char* text, Font font) {
+    button.setText(QString::fromUtf8(text));
+    button.setFont(fitted(font, button.text(), button.size() - QSize(4, 0)));
 }
 
 }  // namespace
 
+void on_click(QAbstractButton& button, InputGate::Function handler) {
+    QObject::connect(
+        &button, &QAbstractButton::clicked, &button,
+        [handler = std::move(handler)] { InputGate::instance().run(handler); });
+}
+
 LabelButton::LabelButton(QWidget* parent, const ElementLook& look, const char* text, QColor face)
     : QAbstractButton(parent), face_(face) {
-    setText(QString::fromUtf8(text));
-    setFont(window_font(Font::regular));
     setFocusPolicy(Qt::NoFocus);
     set_up(*this, look);
+    set_caption(*this, text, Font::regular);
 }
 
 void LabelButton::paintEvent(QPaintEvent*) {
@@ -58,10 +64,9 @@ void LabelButton::paintEvent(QPaintEvent*) {
 CommandButton::CommandButton(QWidget* parent, const ElementLook& look, const char* text,
                              QColor face, Font text_font)
     : QAbstractButton(parent), face_(face) {
-    setText(QString::fromUtf8(text));
-    setFont(window_font(text_font));
     setFocusPolicy(Qt::StrongFocus);
     set_up(*this, look);
+    set_caption(*this, text, text_font);
 }
 
 void CommandButton::set_face(QColor face) {
@@ -74,7 +79,7 @@ void CommandButton::paintEvent(QPaintEvent*) {
     paint_face(painter, rect(), face_, isDown());
     painter.setPen(black);
     painter.drawText(isDown() ? rect().translated(1, 1) : rect(), Qt::AlignCenter, text());
-    if (hasFocus()) paint_focus(painter, rect());
+    if (hasFocus()) paint_focus(painter, rect(), 3);
 }
 
 void CommandButton::keyPressEvent(QKeyEvent* event) {
@@ -106,11 +111,7 @@ void OptionButton::paintEvent(QPaintEvent*) {
         painter.drawEllipse(middle, 3.0, 3.0);
         painter.setRenderHint(QPainter::Antialiasing, false);
     }
-    if (hasFocus()) {
-        painter.setPen(QPen(QColor(0, 0, 0, 170), 1, Qt::DotLine));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(QRectF(rect().adjusted(2, 2, -3, -3)).translated(0.5, 0.5));
-    }
+    if (hasFocus()) paint_focus(painter, rect(), 2, 170);
 }
 
 CheckBox::CheckBox(QWidget* parent, const ElementLook& look) : QCheckBox(parent) {
@@ -131,10 +132,7 @@ void CheckBox::paintEvent(QPaintEvent*) {
             QPolygonF({{w * 0.25, h * 0.52}, {w * 0.43, h * 0.72}, {w * 0.76, h * 0.3}}));
         painter.setRenderHint(QPainter::Antialiasing, false);
     }
-    if (hasFocus()) {
-        painter.setPen(QPen(QColor(0, 0, 0, 150), 1, Qt::DotLine));
-        painter.drawRect(QRectF(rect().adjusted(1, 1, -2, -2)).translated(0.5, 0.5));
-    }
+    if (hasFocus()) paint_focus(painter, rect(), 1);
 }
 
 }  // namespace brusbo

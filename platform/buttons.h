@@ -5,13 +5,16 @@
 #include <QColor>
 
 #include "platform/element.h"
+#include "platform/fonts.h"
+#include "platform/input_gate.h"
 
 namespace brusbo {
 
+/// Runs a handler for each click on a button, as an action of its own.
+void on_click(QAbstractButton& button, InputGate::Function handler);
+
 /// A flat label with a border that is clicked like a button.
 class LabelButton : public QAbstractButton {
-    Q_OBJECT
-
    public:
     LabelButton(QWidget* parent, const ElementLook& look, const char* text, QColor face);
 
@@ -24,13 +27,10 @@ class LabelButton : public QAbstractButton {
 
 /// A command button with a coloured face, pressed by mouse, blank or return.
 class CommandButton : public QAbstractButton {
-    Q_OBJECT
-
    public:
     CommandButton(QWidget* parent, const ElementLook& look, const char* text, QColor face,
                   Font text_font = Font::regular);
 
-    QColor face() const { return face_; }
     void set_face(QColor face);
 
    protected:
@@ -43,8 +43,6 @@ class CommandButton : public QAbstractButton {
 
 /// An option button that is a coloured field; pressed in while chosen.
 class OptionButton : public QAbstractButton {
-    Q_OBJECT
-
    public:
     OptionButton(QWidget* parent, const ElementLook& look, QColor face);
 
@@ -57,8 +55,6 @@ class OptionButton : public QAbstractButton {
 
 /// A check box that fills its place.
 class CheckBox : public QCheckBox {
-    Q_OBJECT
-
    public:
     CheckBox(QWidget* parent, const ElementLook& look);
 

@@ -2,7 +2,6 @@
 
 // All the elements that the windows are made of.
 #include "platform/buttons.h"
-#include "platform/element.h"
 #include "platform/label.h"
 #include "platform/name_box.h"
 #include "platform/picture_elements.h"

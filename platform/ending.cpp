@@ -15,8 +15,12 @@ std::function<void(int)>& program_end() {
 
 void stop_with_message(const QString& message) {
     std::fprintf(stderr, "brusbo: %s\n", qPrintable(message));
-    const InputGate::Opening opening;
-    QMessageBox::critical(nullptr, QStringLiteral("Brusbo"), message);
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("Brusbo"), message, QMessageBox::Ok);
+    QEventLoop loop;
+    QObject::connect(&box, &QDialog::finished, &loop, &QEventLoop::quit);
+    box.setModal(true);
+    box.show();
+    InputGate::instance().open_for(loop);
     end_program(EXIT_FAILURE);
 }
 

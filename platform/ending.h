@@ -12,8 +12,8 @@ std::function<void(int exit_code)>& program_end();
 /// Ends the program at once.
 inline void end_program(int exit_code = 0) { program_end()(exit_code); }
 
-/// Shows the platform's message of an error that nothing can mend, in a message box and on standard
-/// error, and ends the program with a non-zero code. Inside an action of the InputGate.
+/// Shows the message of an error that nothing can mend, in a message box and on standard error, and
+/// ends the program with a non-zero code. Inside an action of the InputGate.
 void stop_with_message(const QString& message);
 
 }  // namespace brusbo

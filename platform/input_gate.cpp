@@ -2,168 +2,127 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
 #include <QWindow>
-#include <cassert>
+#include <algorithm>
+#include <memory>
+#include <thread>
 #include <utility>
 
 namespace brusbo {
 
 namespace {
 
-InputGate* the_gate = nullptr;
-
-bool is_mouse(const QEvent& event) {
-    return event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonRelease ||
-           event.type() == QEvent::MouseButtonDblClick || event.type() == QEvent::MouseMove;
+/// Touches pass: unused, they come again as the mouse's. Widgets that move under the pointer are
+/// told so; only its own way in and out of a window is input.
+bool is_input(const QObject& receiver, QEvent::Type type) {
+    if (type == QEvent::Enter || type == QEvent::Leave) return receiver.isWindowType();
+    const bool mouse_or_key = type >= QEvent::MouseButtonPress && type <= QEvent::KeyRelease;
+    return (receiver.isWindowType() || receiver.isWidgetType()) &&
+           (mouse_or_key || type == QEvent::Wheel || type == QEvent::InputMethod);
 }
 
-bool is_input(QObject* receiver, const QEvent& event) {
-    switch (event.type()) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::MouseMove:
-        case QEvent::Wheel:
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-        case QEvent::InputMethod:
-            return receiver->isWindowType() || receiver->isWidgetType();
-        // Widgets that move under a resting pointer are told so too; only the pointer's own way
-        // in and out of a window is input.
-        case QEvent::Enter:
-        case QEvent::Leave:
-            return receiver->isWindowType();
-        default:
-            return false;
-    }
-}
-
-QWidget* top_level_of(QObject* receiver) {
-    if (auto* widget = qobject_cast<QWidget*>(receiver)) return widget->window();
-    const auto windows = QApplication::topLevelWidgets();
-    for (QWidget* widget : windows)
-        if (widget->windowHandle() == receiver) return widget;
-    return nullptr;
+/// What sends an event as it is now, if its receiver then takes input.
+InputGate::Function redelivery(QObject& to, const QEvent& event) {
+    const std::shared_ptr<QEvent> copy(event.clone());
+    const auto* const mouse = dynamic_cast<const QMouseEvent*>(copy.get());
+    // A mouse event shares its place in window and screen with the pointer, which goes on.
+    const QPointF window_place = mouse != nullptr ? mouse->scenePosition() : QPointF();
+    const QPointF screen_place = mouse != nullptr ? mouse->globalPosition() : QPointF();
+    return [=, receiver = QPointer(&to)] {
+        if (!receiver || !takes_input(*receiver)) return;
+        if (mouse == nullptr) return void(QCoreApplication::sendEvent(receiver, copy.get()));
+        QMouseEvent again(mouse->type(), mouse->position(), window_place, screen_place,
+                          mouse->button(), mouse->buttons(), mouse->modifiers(),
+                          mouse->pointingDevice());
+        QCoreApplication::sendEvent(receiver, &again);
+    };
 }
 
 }  // namespace
 
-bool blocked_by_modal(const QWidget& widget) {
-    const QWidget* const modal = QApplication::activeModalWidget();
-    return modal != nullptr && widget.window() != modal;
+bool takes_input(const QObject& receiver) {
+    const auto* const widget = qobject_cast<const QWidget*>(&receiver);
+    const auto* const window = qobject_cast<const QWindow*>(
+        widget == nullptr ? &receiver : widget->window()->windowHandle());
+    const QWindow* const modal = QGuiApplication::modalWindow();
+    return window != nullptr && window->isVisible() && (modal == nullptr || modal == window);
 }
 
 InputGate::InputGate() {
-    the_gate = this;
+    instance_ = this;
     qApp->installEventFilter(this);
-}
-
-InputGate::~InputGate() { the_gate = nullptr; }
-
-InputGate& InputGate::instance() {
-    assert(the_gate != nullptr);
-    return *the_gate;
 }
 
 void InputGate::run(Function action) {
     deliver([this, action = std::move(action)] {
-        hold();
-        release(action);
+        state_.running = true;
+        deadline_ = {};
+        action();
+        state_.running = false;
+        QMetaObject::invokeMethod(this, &InputGate::deliver_kept, Qt::QueuedConnection);
     });
 }
 
-void InputGate::hold() {
-    running_ = true;
-    ++action_number_;
-}
-
-void InputGate::release(const Function& last_step) {
-    last_step();
-    running_ = false;
-    if (!kept_.empty()) deliver_kept_soon();
-}
-
 void InputGate::deliver(Function input) {
-    if (closed())
-        kept_.push_back({std::move(input), {}});
-    else
-        input();
+    if (!closed()) return input();
+    kept_.push_back(std::move(input));
+    movement_last_ = false;
+}
+
+void InputGate::open_for(QEventLoop& loop) {
+    const State outer = std::exchange(state_, {false, false, &loop});
+    QMetaObject::invokeMethod(this, &InputGate::deliver_kept, Qt::QueuedConnection);
+    loop.exec();
+    state_ = outer;
+}
+
+void InputGate::pause(int milliseconds) {
+    // Brings every change to the screen without waiting for the event loop.
+    const auto windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows) {
+        QEvent update(QEvent::UpdateRequest);
+        if (window->isVisible()) QCoreApplication::sendEvent(window, &update);
+    }
+    const std::chrono::milliseconds length(milliseconds);
+    const auto now = std::chrono::steady_clock::now();
+    deadline_ = (now < deadline_ + length ? deadline_ : now) + length;
+
+    // A timer counts whole milliseconds; the rest is slept.
+    QEventLoop loop;
+    QTimer::singleShot(std::chrono::floor<std::chrono::milliseconds>(deadline_ - now),
+                       Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec();
+    std::this_thread::sleep_until(deadline_);
 }
 
 bool InputGate::eventFilter(QObject* receiver, QEvent* event) {
-    if (!closed()) return false;
+    if (!closed()) {
+        if (receiver->isWindowType() && event->isSinglePointEvent())
+            pointer_ = static_cast<QSinglePointEvent*>(event)->globalPosition();
+        return false;
+    }
     // Its key follows as an event of its own.
     if (event->type() == QEvent::ShortcutOverride) return true;
-    if (!is_input(receiver, *event)) return false;
-    keep(receiver, *event);
+    if (!is_input(*receiver, event->type())) return false;
+    const bool movement = event->type() == QEvent::MouseMove;
+    if (movement && movement_last_ && !kept_.empty()) kept_.pop_back();
+    deliver(redelivery(*receiver, *event));
+    movement_last_ = movement;
     return true;
 }
 
-void InputGate::keep(QObject* receiver, const QEvent& event) {
-    KeptEvent kept{receiver, std::unique_ptr<QEvent>(event.clone()), {}, {}};
-    if (is_mouse(event)) {
-        const auto& mouse = static_cast<const QMouseEvent&>(event);
-        kept.window_place = mouse.scenePosition();
-        kept.screen_place = mouse.globalPosition();
-    }
-    // A pointer on its way needs no more than its last place.
-    if (event.type() == QEvent::MouseMove && !kept_.empty() && !kept_.back().function) {
-        KeptEvent& last = kept_.back().event;
-        if (last.receiver == receiver && last.event->type() == QEvent::MouseMove &&
-            static_cast<const QMouseEvent&>(*last.event).buttons() ==
-                static_cast<const QMouseEvent&>(event).buttons()) {
-            last = std::move(kept);
-            return;
-        }
-    }
-    kept_.push_back({{}, std::move(kept)});
-}
-
-void InputGate::send(const KeptEvent& kept) {
-    if (!is_mouse(*kept.event)) {
-        QCoreApplication::sendEvent(kept.receiver, kept.event.get());
-        return;
-    }
-    // A mouse event shares its place in window and screen with the pointer, and the pointer has
-    // gone on.
-    const auto& mouse = static_cast<const QMouseEvent&>(*kept.event);
-    QMouseEvent again(mouse.type(), mouse.position(), kept.window_place, kept.screen_place,
-                      mouse.button(), mouse.buttons(), mouse.modifiers(), mouse.pointingDevice());
-    again.setTimestamp(mouse.timestamp());
-    QCoreApplication::sendEvent(kept.receiver, &again);
-}
-
-void InputGate::deliver_kept_soon() {
-    QMetaObject::invokeMethod(this, &InputGate::deliver_kept, Qt::QueuedConnection);
-}
-
 void InputGate::deliver_kept() {
-    if (held() || delivering_) return;
-    delivering_ = true;
-    while (!kept_.empty() && delivering_ && !held()) {
-        const Kept next = std::move(kept_.front());
+    if (state_.held() || state_.delivering) return;
+    state_.delivering = true;
+    while (!kept_.empty() && state_.delivering && !state_.held()) {
+        const Function next = std::move(kept_.front());
         kept_.pop_front();
-        if (next.function) {
-            next.function();
-        } else if (next.event.receiver) {
-            const QWidget* const window = top_level_of(next.event.receiver);
-            if (window != nullptr && !blocked_by_modal(*window)) send(next.event);
-        }
+        next();
     }
-    delivering_ = false;
-}
-
-InputGate::Opening::Opening()
-    : running_(std::exchange(instance().running_, false)),
-      delivering_(std::exchange(instance().delivering_, false)),
-      outer_(std::exchange(instance().innermost_, this)) {
-    if (!instance().kept_.empty()) instance().deliver_kept_soon();
-}
-
-InputGate::Opening::~Opening() {
-    instance().innermost_ = outer_;
-    instance().running_ = running_;
-    instance().delivering_ = delivering_;
+    state_.delivering = false;
 }
 
 }  // namespace brusbo

@@ -1,100 +1,76 @@
 #pragma once
 
-#include <QEvent>
+#include <QEventLoop>
 #include <QObject>
 #include <QPointF>
-#include <QPointer>
-#include <QWidget>
+#include <chrono>
 #include <deque>
 #include <functional>
-#include <memory>
 
 namespace brusbo {
 
-/// Whether a modal window keeps input from a widget.
-bool blocked_by_modal(const QWidget& widget);
+/// Whether the window of a widget, or a QWindow, is shown and no modal window keeps input from it.
+bool takes_input(const QObject& receiver);
 
 /// Lets one action of the game run at a time. An action paints, pauses and may take seconds, while
-/// events go on being processed; input that arrives meanwhile is neither lost nor early: mouse,
-/// wheel and key events, accessibility actions, close requests and further actions are kept and
-/// delivered, in the order of their arrival, when the whole action has ended.
+/// events go on being processed; input that arrives meanwhile is kept, and delivered in the order
+/// of its arrival when the whole action has ended. Keys that are held down stay repeats, which the
+/// window system's own queue would forget; of the pointer's way only its last place remains.
+///
+/// The gate is closed while an action runs. A modal window or menu that the action shows opens it
+/// for its own loop; what was kept before is delivered then. Once that loop is told to quit the
+/// gate is closed again, although the loop may not have noticed, until the action has ended.
 ///
 /// One instance, created after the QApplication and outliving every window. GUI thread only.
 class InputGate : public QObject {
-    Q_OBJECT
-
    public:
     using Function = std::function<void()>;
 
     InputGate();
-    ~InputGate() override;
-
-    static InputGate& instance();
+    static InputGate& instance() { return *instance_; }
 
     /// Runs an action now, or after those that came before it.
     void run(Function action);
 
-    /// Calls `input` when no action runs, now or later. `input` itself is not an action; it stands
-    /// for an event that comes from elsewhere than the window system.
+    /// Calls `input`, which is no action but stands for an event, when the gate is open.
     void deliver(Function input);
 
-    /// Begins an action that goes on until `release` has called its last step.
-    void hold();
-    void release(const Function& last_step);
+    /// Runs the loop of a window or menu that the running action has shown.
+    void open_for(QEventLoop& loop);
+
+    /// Inside an action: shows the changes, then lets so many milliseconds pass while windows go on
+    /// being painted. The pauses of one action are counted from deadline to deadline, so that the
+    /// time between them, painting included, does not add to them.
+    void pause(int milliseconds);
 
     /// Whether input that arrives now is kept.
-    bool closed() const { return held() || (!kept_.empty() && !delivering_); }
+    bool closed() const { return state_.held() || (!kept_.empty() && !state_.delivering); }
 
-    /// Counts the actions begun; what differs belongs to different actions.
-    unsigned action_number() const { return action_number_; }
-
-    /// While it lives, input flows although an action runs: for the modal windows and menus that an
-    /// action shows. What was kept before is delivered first; a window that a modal one blocks does
-    /// not receive it.
-    class Opening {
-       public:
-        Opening();
-        ~Opening();
-        Opening(const Opening&) = delete;
-        Opening& operator=(const Opening&) = delete;
-
-        /// The window or menu has gone: input is kept again, although its loop may not have
-        /// noticed yet, until the action that showed it has ended.
-        void end() { ended_ = true; }
-
-       private:
-        friend InputGate;
-        bool running_;
-        bool delivering_;
-        bool ended_ = false;
-        Opening* outer_;
-    };
+    /// Where on the screen the mouse's event happened that a widget is told of, device pixels as
+    /// fractions, which the widget's own event has lost.
+    QPointF pointer() const { return pointer_; }
 
    protected:
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
    private:
-    struct KeptEvent {
-        QPointer<QObject> receiver;
-        std::unique_ptr<QEvent> event;
-        QPointF window_place, screen_place;  // of a mouse event
-    };
-    struct Kept {
-        Function function;  // empty where an event was kept
-        KeptEvent event;
+    struct State {
+        bool running = false;     ///< an action
+        bool delivering = false;  ///< what was kept
+        /// That of the innermost window or menu that the gate was opened for.
+        const QEventLoop* loop = nullptr;
+
+        bool held() const { return running || (loop != nullptr && !loop->isRunning()); }
     };
 
-    void keep(QObject* receiver, const QEvent& event);
-    bool held() const { return running_ || (innermost_ != nullptr && innermost_->ended_); }
-    static void send(const KeptEvent& kept);
-    void deliver_kept_soon();
     void deliver_kept();
 
-    std::deque<Kept> kept_;
-    bool running_ = false;
-    bool delivering_ = false;
-    Opening* innermost_ = nullptr;
-    unsigned action_number_ = 0;
+    static inline InputGate* instance_ = nullptr;
+    State state_;
+    std::deque<Function> kept_;
+    bool movement_last_ = false;  ///< the last one kept is a movement of the mouse
+    QPointF pointer_;
+    std::chrono::steady_clock::time_point deadline_;  ///< of the action's last pause
 };
 
 }  // namespace brusbo

@@ -3,13 +3,12 @@
 #include <QLabel>
 
 #include "platform/element.h"
+#include "platform/fonts.h"
 
 namespace brusbo {
 
 /// A transparent label. Its text is always plain; it wraps or shrinks to stay inside the box.
 class Label : public QLabel {
-    Q_OBJECT
-
    public:
     struct Look {
         Font font = Font::regular;
@@ -22,8 +21,8 @@ class Label : public QLabel {
 
     Label(QWidget* parent, const ElementLook& element, const Look& look, const char* text = "");
 
-    /// Replaces the text; a line that is too long for the box is set in a smaller size, and the
-    /// longest ones are cut short with an ellipsis at their smallest. text() gives all of it.
+    /// Replaces the text; one that is too long for the box is set in a smaller size, and the
+    /// longest lines are cut short with an ellipsis at their smallest. text() gives all of it.
     void set_text(const QString& text);
     void set_colour(QColor colour);
 
@@ -32,8 +31,6 @@ class Label : public QLabel {
     void mousePressEvent(QMouseEvent* event) override;
 
    private:
-    void fit();
-
     Look look_;
     QString accessible_;  ///< while there is no text
     QString shown_;

@@ -7,13 +7,21 @@ namespace brusbo {
 
 namespace {
 
-/// Keeps a name within its length by leaving out the surplus just before the cursor, which is
-/// what was inserted last.
+bool breaks_line(QChar character) {
+    return character.category() == QChar::Other_Control ||
+           character.category() == QChar::Separator_Line ||
+           character.category() == QChar::Separator_Paragraph;
+}
+
+/// Keeps a name on one line, and within its length by leaving out the surplus just before the
+/// cursor, which is what was inserted last.
 class NameLength : public QValidator {
    public:
     using QValidator::QValidator;
 
     State validate(QString& input, int& cursor) const override {
+        for (QChar& character : input)
+            if (breaks_line(character)) character = QLatin1Char(' ');
         auto characters = input.toUcs4();
         const auto surplus = characters.size() - NameBox::most_characters;
         if (surplus > 0) {
@@ -32,9 +40,10 @@ class NameLength : public QValidator {
 
 }  // namespace
 
-NameBox::NameBox(QWidget* parent, const ElementLook& look, const char* text) : QLineEdit(parent) {
+NameBox::NameBox(QWidget* parent, const ElementLook& look, const QString& text)
+    : QLineEdit(parent) {
     setFont(window_font(Font::regular));
-    setText(QString::fromUtf8(text));
+    setText(text);
     setValidator(new NameLength(this));
     // The toolkit's own menu would speak English.
     setContextMenuPolicy(Qt::NoContextMenu);

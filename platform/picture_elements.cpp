@@ -4,40 +4,41 @@
 
 namespace brusbo {
 
+void PictureHolder::set_picture(Picture picture) {
+    picture_ = picture;
+    element_.update();
+}
+
+void PictureHolder::paint(QColor ground) {
+    QPainter painter(&element_);
+    if (picture_)
+        paint_picture(painter, *picture_, {0, 0});
+    else
+        painter.fillRect(element_.rect(), ground);
+}
+
 Image::Image(QWidget* parent, const ElementLook& look, std::optional<Picture> picture)
-    : QWidget(parent), picture_(picture) {
+    : QWidget(parent), PictureHolder(*this, picture) {
     set_up(*this, look);
 }
 
-void Image::set_picture(Picture picture) {
-    picture_ = picture;
-    update();
-}
-
-void Image::paintEvent(QPaintEvent*) {
-    if (!picture_) return;
-    QPainter painter(this);
-    paint_picture(painter, *picture_, {0, 0});
+std::vector<Image*> separators(QWidget* parent, const std::vector<QPoint>& places) {
+    std::vector<Image*> lines;
+    for (const QPoint place : places) {
+        const QString name = numbered("imgLinje", static_cast<int>(lines.size()));
+        lines.push_back(new Image(
+            parent,
+            {name, {double(place.x()), double(place.y()), 153, 8}, QStringLiteral("Skiljelinje")},
+            picture("separator")));
+    }
+    return lines;
 }
 
 PictureButton::PictureButton(QWidget* parent, const ElementLook& look,
                              std::optional<Picture> picture)
-    : QAbstractButton(parent), picture_(picture) {
+    : QAbstractButton(parent), PictureHolder(*this, picture) {
     setFocusPolicy(Qt::NoFocus);
     set_up(*this, look);
-}
-
-void PictureButton::set_picture(Picture picture) {
-    picture_ = picture;
-    update();
-}
-
-void PictureButton::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    if (picture_)
-        paint_picture(painter, *picture_, {0, 0});
-    else
-        painter.fillRect(rect(), Qt::black);
 }
 
 }  // namespace brusbo

@@ -8,8 +8,6 @@ namespace brusbo {
 
 /// What is drawn in one colour.
 class Shape : public QWidget {
-    Q_OBJECT
-
    public:
     Shape(QWidget* parent, const ElementLook& look, QColor colour);
 
@@ -22,8 +20,6 @@ class Shape : public QWidget {
 
 /// A circle as large as its frame allows; the mouse goes through it.
 class Circle : public Shape {
-    Q_OBJECT
-
    public:
     Circle(QWidget* parent, const ElementLook& look, QColor colour);
 
@@ -33,8 +29,6 @@ class Circle : public Shape {
 
 /// A straight line that fills its place.
 class Line : public Shape {
-    Q_OBJECT
-
    public:
     using Shape::Shape;
 

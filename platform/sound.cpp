@@ -1,13 +1,9 @@
 #include "platform/sound.h"
 
 #include <dlfcn.h>
-#include <pthread.h>
-#include <signal.h>
 
-#include <QFile>
-#include <chrono>
-#include <filesystem>
 #include <system_error>
+#include <thread>
 
 #include "platform/sound_backend/sound_requests.h"
 
@@ -15,9 +11,9 @@ namespace brusbo {
 
 namespace {
 
-constexpr std::chrono::milliseconds patience_at_end{200};
+constexpr std::chrono::milliseconds patience_at_end{150};
 
-// The sound library and all that it needs are loaded here and not with the program, which would
+// The sound libraries and all that they need are loaded here and not with the program, which would
 // start later and be larger for it. They stay loaded.
 SoundLoop load_sound_loop() {
     std::error_code no_program;
@@ -27,43 +23,35 @@ SoundLoop load_sound_loop() {
     return module ? reinterpret_cast<SoundLoop>(dlsym(module, sound_loop_name)) : nullptr;
 }
 
+// Not joined: a stopped server or a file on a dead network drive may hold the thread for ever.
+void start_thread(const std::shared_ptr<SoundRequests>& requests) try {
+    std::thread([requests] {
+        if (const SoundLoop loop = load_sound_loop()) loop(*requests);
+        const std::lock_guard lock(requests->lock);
+        requests->finished = true;
+        requests->changed.notify_all();
+    }).detach();
+} catch (const std::system_error&) {
+    // No more threads to be had: silence.
+    requests->finished = true;
+}
+
 }  // namespace
 
 Sound::~Sound() {
-    if (!thread_.joinable()) return;
-    requests_->close();
-    // A file on a dead network drive may hold the thread for ever.
-    if (finished_.wait_for(patience_at_end) == std::future_status::ready)
-        thread_.join();
-    else
-        thread_.detach();
+    if (!requests_) return;
+    std::unique_lock lock(requests_->lock);
+    requests_->closed = true;
+    requests_->changed.notify_all();
+    requests_->changed.wait_for(lock, patience_at_end, [this] { return requests_->finished; });
 }
 
-void Sound::play(const QString& path) {
-    if (!requests_) start_thread();
-    if (thread_.joinable()) requests_->put(QFile::encodeName(path).toStdString());
-}
-
-void Sound::start_thread() {
-    requests_ = std::make_shared<SoundRequests>();
-    if (requests_->event() < 0) return;
-    std::promise<void> finished;
-    finished_ = finished.get_future();
-    // The thread inherits the mask: signals are for the program's own thread.
-    sigset_t all;
-    sigset_t before;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before);
-    try {
-        thread_ = std::thread([requests = requests_, finished = std::move(finished)]() mutable {
-            pthread_setname_np(pthread_self(), "brusbo-sound");
-            if (const SoundLoop loop = load_sound_loop()) loop(*requests);
-            finished.set_value();
-        });
-    } catch (const std::system_error&) {
-        // No more threads to be had: silence.
-    }
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+void Sound::play(const std::filesystem::path& file) {
+    if (!requests_) start_thread(requests_ = std::make_shared<SoundRequests>());
+    const std::lock_guard lock(requests_->lock);
+    requests_->path = file.native();
+    requests_->made = std::chrono::steady_clock::now();
+    requests_->changed.notify_all();
 }
 
 }  // namespace brusbo

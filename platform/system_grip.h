@@ -5,11 +5,28 @@
 
 namespace brusbo {
 
-// Where only the system can move and resize windows, as on Wayland, these let it do so with the
-// pointer until the button of `press` is released, which the program is not told. False where it is
-// left to the program; nothing has happened then.
-
+/// Where only the system can move and resize windows, as on Wayland, lets it do so with the pointer
+/// until the button of `press` is released, which the program is not told. False where it is left
+/// to the program; nothing has happened then.
 bool system_moves(QWidget& window, const QMouseEvent& press);
+/// The same for the size.
 bool system_resizes(QWidget& window, Qt::Edges edges, const QMouseEvent& press);
+
+/// A hold of the mouse on a window that the program moves itself, by the pointer's distance in
+/// device pixels where the window system takes these, else in logical ones. It goes by the client
+/// area: how wide the frame is, the program may not have heard before the move begins.
+class WindowGrip {
+   public:
+    /// The pointer is at a place of the screen, in device-independent pixels.
+    WindowGrip(QWidget& window, QPointF pointer);
+    void follow(QPointF pointer);
+
+   private:
+    QWidget& window_;
+    QPointF pointer_;
+    QPoint place_;         ///< the window's, device-independent pixels
+    QPoint device_place_;  ///< the same for the window system
+    bool moved_ = false;
+};
 
 }  // namespace brusbo

@@ -6,8 +6,8 @@
 #include <QScreen>
 #include <QWindow>
 
+#include "platform/fonts.h"
 #include "platform/input_gate.h"
-#include "platform/layout.h"
 
 namespace brusbo {
 
@@ -49,18 +49,13 @@ void Window::minimise() {
 void Window::show_modal() {
     Window* const below = active_window;
     setWindowModality(Qt::ApplicationModal);
-    winId();
     if (below != nullptr && below != this)
         windowHandle()->setTransientParent(below->windowHandle());
     QEventLoop loop;
     modal_loop_ = &loop;
     show_active();
-    {
-        InputGate::Opening opening;
-        opening_ = &opening;
-        loop.exec();
-        opening_ = nullptr;
-    }
+    InputGate::instance().open_for(loop);
+    modal_loop_ = nullptr;
     windowHandle()->setTransientParent(nullptr);
     setWindowModality(Qt::NonModal);
 }
@@ -83,22 +78,19 @@ void Window::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     if (event->spontaneous()) return;
     if (active_window == this) active_window = nullptr;
-    if (modal_loop_ != nullptr) {
-        modal_loop_->quit();
-        modal_loop_ = nullptr;
-        if (opening_ != nullptr) opening_->end();
-    }
+    if (modal_loop_ != nullptr) modal_loop_->quit();
 }
 
 void Window::closeEvent(QCloseEvent* event) {
     event->ignore();
     InputGate::instance().run([window = QPointer(this)] {
-        if (window && !blocked_by_modal(*window)) window->close_requested();
+        if (window && takes_input(*window)) window->close_requested();
     });
 }
 
 void Window::became_active() {
-    if (active_window == this) return;
+    // The window system may tell so of a window that has been hidden meanwhile.
+    if (active_window == this || !isVisible()) return;
     active_window = this;
     InputGate::instance().run([window = QPointer(this)] {
         if (window) window->Form_Activate();

@@ -3,15 +3,11 @@
 #include <QEventLoop>
 #include <QWidget>
 
-#include "platform/input_gate.h"
-
 namespace brusbo {
 
 /// A window of the program. It never closes by itself: a close request from anywhere only calls
 /// close_requested(), in its turn after running actions; no key closes it.
 class Window : public QWidget {
-    Q_OBJECT
-
    public:
     /// The size is that of the client area, in device-independent pixels, and fixed.
     Window(const char* name, const char* caption, Qt::WindowFlags flags, QSize client);
@@ -47,8 +43,7 @@ class Window : public QWidget {
    private:
     void became_active();
 
-    QEventLoop* modal_loop_ = nullptr;
-    InputGate::Opening* opening_ = nullptr;
+    QEventLoop* modal_loop_ = nullptr;  ///< while the window is shown modally
 };
 
 /// The area of the screen that windows are centred on, device-independent pixels.

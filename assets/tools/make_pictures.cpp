@@ -1,16 +1,56 @@
-// Makes the 1:1 pictures and the icon's pixel pictures from the masters.
-// Usage: make_pictures ASSETS_FOLDER
+// Makes the 1:1 pictures and the icon's pixel pictures from the masters; ImageMagick writes the GIF
+// files. Usage: make_pictures ASSETS_FOLDER OUTPUT_FOLDER, which has folders pictures and icon.
 
+#include <QFile>
 #include <QGuiApplication>
-#include <cstdio>
+#include <QPainter>
+#include <QProcess>
+#include <QStandardPaths>
 
-#include "picture_files.h"
+#include "assets/picture_list.h"
+#include "assets/render_master.h"
 
 namespace {
 
-bool make_icon(const QString& folder, int side) {
-    const QImage icon = brusbo::icon_picture(folder + "/icon/brusbo.svg", side);
-    return !icon.isNull() && icon.save(folder + QString("/icon/brusbo-%1.png").arg(side), "PNG");
+// Pixels at least this much covered are kept where a picture has no half-transparent pixels.
+constexpr int least_kept_alpha = 110;
+constexpr int icon_master_side = 96;
+
+QImage rendered(const QString& path, QRect region, double ratio = 1) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) qFatal("cannot read %s", qPrintable(path));
+    QImage image = brusbo::render_master(file.readAll(), region, ratio);
+    if (image.isNull())
+        qFatal("cannot draw %s; is Qt's SVG image plugin installed?", qPrintable(path));
+    return image;
+}
+
+/// Soft edges are mixed with the matte and cut: a pixel of a GIF is there or not.
+QImage hard_edged(const QImage& soft, QRgb matte) {
+    QImage image(soft.size(), QImage::Format_ARGB32);
+    image.fill(matte);
+    QPainter(&image).drawImage(0, 0, soft);
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(soft.pixel(x, y)) < least_kept_alpha) image.setPixel(x, y, 0);
+    return image;
+}
+
+void write(const QImage& image, const QString& path) {
+    if (!path.endsWith(".gif")) {
+        if (!image.save(path)) qFatal("cannot write %s", qPrintable(path));
+        return;
+    }
+    const bool newer = !QStandardPaths::findExecutable("magick").isEmpty();
+    QProcess magick;
+    magick.setProcessChannelMode(QProcess::ForwardedChannels);
+    // A palette of 255 colours leaves one entry for transparency. Dithering would roughen the wood.
+    magick.start(newer ? "magick" : "convert",
+                 {"png:-", "+dither", "-treedepth", "6", "-colors", "255", path});
+    const bool sent = magick.waitForStarted() && image.save(&magick, "PNG");
+    magick.closeWriteChannel();
+    if (!sent || !magick.waitForFinished() || magick.exitCode() != 0)
+        qFatal("cannot write %s; is imagemagick installed?", qPrintable(path));
 }
 
 }  // namespace
@@ -18,25 +58,17 @@ bool make_icon(const QString& folder, int side) {
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: make_pictures ASSETS_FOLDER\n");
-        return 2;
-    }
+    if (argc != 3) qFatal("usage: make_pictures ASSETS_FOLDER OUTPUT_FOLDER");
     const QString folder = QString::fromLocal8Bit(argv[1]);
-    for (const brusbo::PictureEntry& entry : brusbo::picture_list) {
-        const QImage picture = brusbo::one_to_one_picture(entry, folder + "/masters");
-        if (picture.isNull() ||
-            !brusbo::write_picture(picture, folder + "/pictures/" + entry.name)) {
-            std::fprintf(stderr, "make_pictures: cannot make %s (is libqt6svg6 installed?)\n",
-                         entry.name);
-            return 1;
-        }
+    const QString output = QString::fromLocal8Bit(argv[2]);
+    for (const brusbo::PictureEntry& e : brusbo::picture_list) {
+        const QRect region(e.x, e.y, e.width, e.height);
+        const QImage soft = rendered(folder + "/masters/" + e.master, region);
+        write(hard_edged(soft, 0xFF000000U | e.matte), output + "/pictures/" + e.name);
     }
     for (const int side : brusbo::all_icon_sides) {
-        if (!make_icon(folder, side)) {
-            std::fprintf(stderr, "make_pictures: cannot make the icon of %d pixels\n", side);
-            return 1;
-        }
+        const QRect region(0, 0, icon_master_side, icon_master_side);
+        write(rendered(folder + "/icon/brusbo.svg", region, double(side) / icon_master_side),
+              output + QString("/icon/brusbo-%1.png").arg(side));
     }
-    return 0;
 }
