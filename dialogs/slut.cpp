@@ -28,6 +28,8 @@ constexpr char farewell[] =
     "Adressen är https://brusbo.example.org\r\n"
     "Välkommen åter!\r\n";
 
+}  // namespace
+
 /// The box of the farewell text, which neither scrolls nor can be changed.
 class TextBox : public QPlainTextEdit {
    public:
@@ -46,9 +48,9 @@ class TextBox : public QPlainTextEdit {
         const QString text = QString::fromUtf8(lines);
         const QSize room = contentsRect().size() - QSize(2 * margin, 2 * margin);
         setFont(fitted(Font::regular, text, room, true));
-        QPalette colours = palette();
-        colours.setColor(QPalette::Base, parent->palette().color(QPalette::Window));
-        setPalette(colours);
+        QPalette ground = palette();
+        ground.setColor(QPalette::Base, parent->palette().color(QPalette::Window));
+        setPalette(ground);
         setPlainText(text);
     }
 
@@ -56,8 +58,6 @@ class TextBox : public QPlainTextEdit {
     /// Neither scrolls nor, with Ctrl, makes the text larger or smaller.
     void wheelEvent(QWheelEvent* event) override { event->accept(); }
 };
-
-}  // namespace
 
 /// The farewell window's table.
 struct Slut::Elements {
