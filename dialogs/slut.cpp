@@ -68,8 +68,8 @@ struct Slut::Elements {
     TextBox& Text = *new TextBox(window, {"Text", {14, 54, 283, 111}, "Avskedstext"}, farewell);
     Label& Label2 = *new Label(window, {"Label2", {10, 180, 187, 17}, "Tryck sedan på stäng!"},
                                {Font::large_bold}, "Tryck sedan på stäng!");
-    CommandButton& Stäng = *new CommandButton(window, {"Stäng", {236, 178, 65, 25}, "Stäng"},
-                                              "Stäng", window->palette().color(QPalette::Button));
+    CommandButton& Stäng =
+        *new CommandButton(window, {"Stäng", {236, 178, 65, 25}, "Stäng"}, "Stäng", QColor());
 };
 
 Slut::Slut() : Window("Slut", "", Qt::Window | Qt::FramelessWindowHint, {312, 212}) {

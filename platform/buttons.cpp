@@ -1,6 +1,7 @@
 #include "platform/buttons.h"
 
 #include <QKeyEvent>
+#include <QLinearGradient>
 #include <QPainter>
 
 namespace brusbo {
@@ -8,6 +9,25 @@ namespace brusbo {
 namespace {
 
 constexpr QRgb black = 0xFF000000;
+
+/// A face of the picture buttons' family: rounded corners, a brown rim, lit from above, or from
+/// below while pressed in.
+void paint_rounded_face(QPainter& painter, const QRectF& box, QColor face, bool pressed) {
+    const QColor light = face.lighter(118);
+    const double rim_and_light = 2 / box.height();
+    QLinearGradient relief(box.topLeft(), box.bottomLeft());
+    if (pressed) relief = QLinearGradient(box.bottomLeft(), box.topLeft());
+    relief.setStops({{0, light},
+                     {rim_and_light - 0.001, light},
+                     {rim_and_light, face},
+                     {0.5, face},
+                     {1, face.darker(118)}});
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(0x6B, 0x41, 0x19), 1));
+    painter.setBrush(relief);
+    painter.drawRoundedRect(box.adjusted(0.5, 0.5, -0.5, -0.5), 3.5, 3.5);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+}
 
 /// Fills the rectangle like a button's face: lit from the top left, the other way while pressed in.
 void paint_face(QPainter& painter, const QRect& box, QColor face, bool pressed) {
@@ -76,7 +96,10 @@ void CommandButton::set_face(QColor face) {
 
 void CommandButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paint_face(painter, rect(), face_, isDown());
+    if (face_.isValid())
+        paint_rounded_face(painter, rect(), face_, isDown());
+    else
+        paint_face(painter, rect(), palette().color(QPalette::Button), isDown());
     painter.setPen(black);
     painter.drawText(isDown() ? rect().translated(1, 1) : rect(), Qt::AlignCenter, text());
     if (hasFocus()) paint_focus(painter, rect(), 3);

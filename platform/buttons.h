@@ -25,7 +25,8 @@ class LabelButton : public QAbstractButton {
     QColor face_;
 };
 
-/// A command button with a coloured face, pressed by mouse, blank or return.
+/// A command button, pressed by mouse, blank or return. Its face is coloured and rounded, or, of no
+/// valid colour, that of the system's standard button.
 class CommandButton : public QAbstractButton {
    public:
     CommandButton(QWidget* parent, const ElementLook& look, const char* text, QColor face,
