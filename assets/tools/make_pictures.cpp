@@ -46,7 +46,7 @@ void write(const QImage& image, const QString& path) {
     magick.setProcessChannelMode(QProcess::ForwardedChannels);
     // A palette of 255 colours leaves one entry for transparency. Dithering would roughen the wood.
     magick.start(newer ? "magick" : "convert",
-                 {"png:-", "+dither", "-treedepth", "6", "-colors", "255", path});
+                 {"png:-", "+dither", "-treedepth", "8", "-colors", "255", path});
     const bool sent = magick.waitForStarted() && image.save(&magick, "PNG");
     magick.closeWriteChannel();
     if (!sent || !magick.waitForFinished() || magick.exitCode() != 0)
