@@ -122,6 +122,10 @@ void Startfrm::wait_until_painted() {
 void Startfrm::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     paint_picture(painter, background, {0, 0});
+    // The picture reaches beyond this window, at whose end the foot of its frame is painted again.
+    constexpr int frame = 5;
+    painter.setClipRect(0, height() - frame, width(), frame);
+    paint_picture(painter, background, {0, height() - picture_size(background).height()});
     if (painted_) painted_();
 }
 
