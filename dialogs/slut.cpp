@@ -1,5 +1,6 @@
 #include "dialogs/slut.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPlainTextEdit>
@@ -55,6 +56,13 @@ class TextBox : public QPlainTextEdit {
     }
 
    protected:
+    /// Only takes what copies the text; other keys would scroll.
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->matches(QKeySequence::Copy) || event->matches(QKeySequence::SelectAll))
+            QPlainTextEdit::keyPressEvent(event);
+        else
+            event->ignore();
+    }
     /// Neither scrolls nor, with Ctrl, makes the text larger or smaller.
     void wheelEvent(QWheelEvent* event) override { event->accept(); }
 };

@@ -1,6 +1,7 @@
 #include "dialogs/startfrm.h"
 
 #include <QEventLoop>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QTimer>
 #include <utility>
@@ -63,6 +64,8 @@ Startfrm::Startfrm(MainWindow main_window)
         elements_->Sound, [this] { Sound_Click(); });
     on_click(elements_->Starta, [this] { Starta_Click(); });
 
+    for (std::size_t players = 2; players <= most_players; ++players)
+        elements_->AntSpelare[players - 1]->setToolTip(QStringLiteral("%1 spelare").arg(players));
     elements_->AntSpelare[0]->setEnabled(false);
     elements_->AntSpelare[1]->setChecked(true);
     elements_->Namn[2]->setEnabled(false);
@@ -117,6 +120,13 @@ void Startfrm::wait_until_painted() {
     QTimer::singleShot(longest, &loop, &QEventLoop::quit);
     loop.exec();
     painted_ = {};
+}
+
+void Startfrm::keyPressEvent(QKeyEvent* event) {
+    if (is_return(*event))
+        elements_->Starta.click();
+    else
+        Window::keyPressEvent(event);
 }
 
 void Startfrm::paintEvent(QPaintEvent*) {

@@ -1,12 +1,30 @@
 #include "mainwindow/mfrm.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <algorithm>
+#include <ranges>
+#include <utility>
 
 #include "engine/engine.h"
 #include "platform/input_gate.h"
 
 namespace brusbo {
+
+namespace {
+
+bool is_arrow_back(int key) { return key == Qt::Key_Left || key == Qt::Key_Up; }
+bool is_arrow_on(int key) { return key == Qt::Key_Right || key == Qt::Key_Down; }
+
+/// Whether the key moves the focus, or presses what has it.
+bool steers_focus(const QKeyEvent& event) {
+    const int key = event.key();
+    return key == Qt::Key_Tab || key == Qt::Key_Backtab || is_arrow_back(key) || is_arrow_on(key) ||
+           key == Qt::Key_Space || is_return(event);
+}
+
+}  // namespace
 
 MFrm::MFrm(OtherWindows& other_windows)
     : Window("MFrm", "Brusbo",
@@ -19,6 +37,9 @@ MFrm::MFrm(OtherWindows& other_windows)
                        elements_.butAvsluta),
       aaa_(this) {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    // The mark of the focus comes with a key and goes with the mouse.
+    set_marks_focus(false);
+    qApp->installEventFilter(this);
     elements_.butMini.setToolTip(QStringLiteral("Minimera"));
     elements_.butAvsluta.setToolTip(QStringLiteral("Avsluta"));
     elements_.Namnlist.release_capture = [this] { picture_buttons_.release_capture(); };
@@ -27,20 +48,96 @@ MFrm::MFrm(OtherWindows& other_windows)
 }
 
 void MFrm::connect_clicks() {
-    on_click(elements_.Tärning, Tärning_Click);
-    on_click(elements_.butEn_pjäs, butEn_pjäs_Click);
-    on_click(elements_.butTvå_pjäser, butTvå_pjäser_Click);
-    on_click(elements_.butNästa, butNästa_Click);
+    const auto settled_click = [this](QAbstractButton& button, InputGate::Function handler) {
+        on_click(button, settled(std::move(handler)));
+    };
+    settled_click(elements_.Tärning, Tärning_Click);
+    settled_click(elements_.butEn_pjäs, butEn_pjäs_Click);
+    settled_click(elements_.butTvå_pjäser, butTvå_pjäser_Click);
+    settled_click(elements_.butNästa, butNästa_Click);
     for (std::int16_t b = 0; b < piece_count; ++b)
-        on_click(
+        settled_click(
             *elements_.Pjäs[static_cast<std::size_t>(b)], [b] { Pjäs_Click(b); });
-    on_click(
+    settled_click(
         elements_.mnuArkiv, [this] { mnuArkiv_Click(); });
-    on_click(
+    settled_click(
         elements_.mnuOm, [this] { mnuOm_Click(); });
-    on_click(
+    settled_click(
         elements_.butMini, [this] { butMini_Click(); });
-    on_click(elements_.butAvsluta, [this] { butAvsluta_Click(); });
+    settled_click(elements_.butAvsluta, [this] { butAvsluta_Click(); });
+}
+
+std::vector<QAbstractButton*> MFrm::clickable() const {
+    std::vector<QAbstractButton*> found;
+    if (!takes_input(*this)) return found;
+    for (QAbstractButton* button :
+         std::initializer_list<QAbstractButton*>{&elements_.Tärning, &elements_.butEn_pjäs,
+                                                 &elements_.butTvå_pjäser, &elements_.butNästa})
+        if (button->isEnabled() && button->isVisible()) found.push_back(button);
+    // By their squares; of those that share one, the piece on top.
+    std::map<std::int16_t, QAbstractButton*> pieces;
+    for (std::int16_t b = 0; b < piece_count; ++b)
+        if (can_move(b))
+            pieces[Spelare[Aktuell_spelare].Ruta[Pjäsen(b)]] =
+                elements_.Pjäs[static_cast<std::size_t>(b)];
+    std::ranges::copy(std::views::values(pieces), std::back_inserter(found));
+    found.insert(found.end(), {&elements_.mnuArkiv, &elements_.mnuOm, &elements_.butMini,
+                               &elements_.butAvsluta});
+    return found;
+}
+
+InputGate::Function MFrm::settled(InputGate::Function handler) {
+    return [this, handler = std::move(handler)] {
+        setCursor(Qt::ArrowCursor);
+        handler();
+        settle();
+    };
+}
+
+void MFrm::settle() {
+    show_hand();
+    const auto buttons = clickable();
+    QWidget* const focus = focusWidget();
+    if (marks_focus() && std::ranges::count(buttons, focus) > 0) return;
+    if (elements_.butNästa.isVisible())
+        elements_.butNästa.setFocus();
+    else if (marks_focus() && elements_.Tärning.isEnabled())
+        elements_.Tärning.setFocus();
+    else if (focus != nullptr)
+        focus->clearFocus();
+}
+
+void MFrm::show_hand() {
+    const QPointF place = mapFromGlobal(InputGate::instance().pointer());
+    const auto buttons = clickable();
+    const bool hand = std::ranges::count(buttons, childAt(place.toPoint())) > 0;
+    setCursor(hand ? Qt::PointingHandCursor : Qt::ArrowCursor);
+}
+
+bool MFrm::eventFilter(QObject* receiver, QEvent* event) {
+    if (!receiver->isWidgetType()) return false;
+    const auto type = event->type();
+    if (type == QEvent::Enter || type == QEvent::MouseMove) {
+        show_hand();
+    } else if (type == QEvent::KeyPress && static_cast<QWidget*>(receiver)->window() == this) {
+        if (steers_focus(*static_cast<QKeyEvent*>(event))) set_marks_focus(true);
+    } else if (type == QEvent::MouseButtonPress && marks_focus()) {
+        set_marks_focus(false);
+        elements_.butNästa.update();
+        settle();
+    }
+    return false;
+}
+
+bool MFrm::focusNextPrevChild(bool next) {
+    auto buttons = clickable();
+    // What an action takes the focus from is settled when that has ended.
+    if (InputGate::instance().closed() || buttons.empty()) return false;
+    if (!next) std::ranges::reverse(buttons);
+    const auto old = std::ranges::find(buttons, focusWidget());
+    const bool wraps = old == buttons.end() || old + 1 == buttons.end();
+    (*(wraps ? buttons.begin() : old + 1))->setFocus();
+    return true;
 }
 
 void MFrm::Form_Load() { Ladda_Positioner(); }
@@ -50,8 +147,14 @@ void MFrm::Form_Activate() { Visa_tur(); }
 void MFrm::close_requested() { butAvsluta_Click(); }
 
 void MFrm::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    auto* const focus = qobject_cast<QAbstractButton*>(focusWidget());
     if (is_new_game_key(*event))
-        InputGate::instance().run([this] { mnuNytt_spel_Click(); });
+        InputGate::instance().run(settled([this] { mnuNytt_spel_Click(); }));
+    else if (is_arrow_back(key) || is_arrow_on(key))
+        focusNextPrevChild(is_arrow_on(key));
+    else if (is_return(*event) || (key == Qt::Key_Space && !event->isAutoRepeat()))
+        (focus != nullptr ? focus : &elements_.Tärning)->click();
     else
         Window::keyPressEvent(event);
 }

@@ -4,6 +4,8 @@
 #include <QLinearGradient>
 #include <QPainter>
 
+#include "platform/window.h"
+
 namespace brusbo {
 
 namespace {
@@ -44,14 +46,6 @@ void paint_face(QPainter& painter, const QRect& box, QColor face, bool pressed) 
     edge(box, face.darker(260), face.darker(260));
 }
 
-/// The mark of the keyboard focus, so many pixels inside the box.
-void paint_focus(QPainter& painter, const QRect& box, int inside, int opacity = 150) {
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(QColor(0, 0, 0, opacity), 1, Qt::DotLine));
-    const QRect mark = box.adjusted(inside, inside, -inside - 1, -inside - 1);
-    painter.drawRect(QRectF(mark).translated(0.5, 0.5));
-}
-
 /// The text of a button, on one line inside its border.
 void set_caption(QAbstractButton& button, const char* text, Font font) {
     button.setText(QString::fromUtf8(text));
@@ -60,10 +54,25 @@ void set_caption(QAbstractButton& button, const char* text, Font font) {
 
 }  // namespace
 
+bool is_return(const QKeyEvent& event) {
+    return (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) && !event.isAutoRepeat();
+}
+
 void on_click(QAbstractButton& button, InputGate::Function handler) {
     QObject::connect(
         &button, &QAbstractButton::clicked, &button,
         [handler = std::move(handler)] { InputGate::instance().run(handler); });
+}
+
+bool shows_focus(const QWidget& element) {
+    return element.hasFocus() && dynamic_cast<Window&>(*element.window()).marks_focus();
+}
+
+void paint_focus(QPainter& painter, const QRect& box, int inside, int opacity) {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(QColor(0, 0, 0, opacity), 1, Qt::DotLine));
+    const QRect mark = box.adjusted(inside, inside, -inside - 1, -inside - 1);
+    painter.drawRect(QRectF(mark).translated(0.5, 0.5));
 }
 
 LabelButton::LabelButton(QWidget* parent, const ElementLook& look, const char* text, QColor face)
@@ -79,6 +88,7 @@ void LabelButton::paintEvent(QPaintEvent*) {
     painter.fillRect(rect().adjusted(1, 1, -1, -1), isDown() ? face_.darker(112) : face_);
     painter.setPen(black);
     painter.drawText(rect(), Qt::AlignCenter, text());
+    if (shows_focus(*this)) paint_focus(painter, rect(), 2);
 }
 
 CommandButton::CommandButton(QWidget* parent, const ElementLook& look, const char* text,
@@ -102,12 +112,11 @@ void CommandButton::paintEvent(QPaintEvent*) {
         paint_face(painter, rect(), palette().color(QPalette::Button), isDown());
     painter.setPen(black);
     painter.drawText(isDown() ? rect().translated(1, 1) : rect(), Qt::AlignCenter, text());
-    if (hasFocus()) paint_focus(painter, rect(), 3);
+    if (shows_focus(*this)) paint_focus(painter, rect(), 3);
 }
 
 void CommandButton::keyPressEvent(QKeyEvent* event) {
-    const bool return_key = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (return_key && !event->isAutoRepeat())
+    if (is_return(*event))
         click();
     else
         QAbstractButton::keyPressEvent(event);

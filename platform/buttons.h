@@ -10,8 +10,17 @@
 
 namespace brusbo {
 
+/// Return or Enter, not held down.
+bool is_return(const QKeyEvent& event);
+
 /// Runs a handler for each click on a button, as an action of its own.
 void on_click(QAbstractButton& button, InputGate::Function handler);
+
+/// Whether an element of a Window has the keyboard focus and is to be marked.
+bool shows_focus(const QWidget& element);
+
+/// The mark of the keyboard focus, so many pixels inside the box; opacity 0..255.
+void paint_focus(QPainter& painter, const QRect& box, int inside, int opacity = 150);
 
 /// A flat label with a border that is clicked like a button.
 class LabelButton : public QAbstractButton {
