@@ -115,7 +115,7 @@ void MFrm::show_hand() {
 }
 
 bool MFrm::eventFilter(QObject* receiver, QEvent* event) {
-    if (!receiver->isWidgetType()) return false;
+    if (!receiver->isWidgetType() || InputGate::instance().closed()) return false;
     const auto type = event->type();
     if (type == QEvent::Enter || type == QEvent::MouseMove) {
         show_hand();

@@ -1,7 +1,6 @@
 #include "platform/input_gate.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QTimer>
@@ -99,21 +98,7 @@ void InputGate::pause(int milliseconds) {
     std::this_thread::sleep_until(deadline_);
 }
 
-bool InputGate::is_unmarked_repeat(const QKeyEvent& event) {
-    const std::pair moment(event.nativeScanCode(), event.timestamp());
-    if (event.type() == QEvent::KeyRelease) released_ = moment;
-    return event.type() == QEvent::KeyPress && !event.isAutoRepeat() && moment.first != 0 &&
-           moment == released_;
-}
-
 bool InputGate::eventFilter(QObject* receiver, QEvent* event) {
-    const auto* const key = dynamic_cast<QKeyEvent*>(event);
-    if (key != nullptr && event->spontaneous() && is_unmarked_repeat(*key)) {
-        QKeyEvent repeat(key->type(), key->key(), key->modifiers(), key->nativeScanCode(),
-                         key->nativeVirtualKey(), key->nativeModifiers(), key->text(), true);
-        QCoreApplication::sendEvent(receiver, &repeat);
-        return true;
-    }
     if (!closed()) {
         if (receiver->isWindowType() && event->isSinglePointEvent())
             pointer_ = static_cast<QSinglePointEvent*>(event)->globalPosition();

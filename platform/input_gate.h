@@ -6,9 +6,6 @@
 #include <chrono>
 #include <deque>
 #include <functional>
-#include <utility>
-
-class QKeyEvent;
 
 namespace brusbo {
 
@@ -67,16 +64,12 @@ class InputGate : public QObject {
     };
 
     void deliver_kept();
-    /// X11 tells of a key that is held down by releases and presses, two of one moment. Qt marks
-    /// them as repeats only where it has read both at once.
-    bool is_unmarked_repeat(const QKeyEvent& event);
 
     static inline InputGate* instance_ = nullptr;
     State state_;
     std::deque<Function> kept_;
     bool movement_last_ = false;  ///< the last one kept is a movement of the mouse
     QPointF pointer_;
-    std::pair<quint32, quint64> released_;  ///< the latest key, by its scan code, and when
     std::chrono::steady_clock::time_point deadline_;  ///< of the action's last pause
 };
 
