@@ -19,8 +19,8 @@ ROWS = {
     "main": (0, 0, 570, b"\0\0\0\xff"),
     "menu": (14, 28, 16, b"\x96\x96\x96\xff"),  # its place is the main window's
     "about": (58, 322, 67, b"\xc0\xe0\xff\xff"),
-    "farewell": (4, 4, 304, b"\xf0\xf0\xf0\xff"),
-    "grown farewell": (4, 4, 344, b"\xf0\xf0\xf0\xff"),
+    "farewell": (2, 2, 308, b"\xd6\xd6\xd6\xff"),
+    "grown farewell": (2, 2, 348, b"\xd6\xd6\xd6\xff"),
 }
 SIZES = {"start": (188, 305), "main": (570, 416), "about": (188, 378), "farewell": (312, 212)}
 # What is looked at or touched: window, left, top, width, height.
