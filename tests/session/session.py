@@ -4,6 +4,7 @@ import math
 import mmap
 import os
 import pathlib
+import re
 import subprocess
 import tempfile
 import time
@@ -18,28 +19,27 @@ ROWS = {
     "main": (0, 0, 570, b"\0\0\0\xff"),
     "menu": (14, 28, 16, b"\x96\x96\x96\xff"),  # its place is the main window's
     "about": (58, 322, 67, b"\xc0\xe0\xff\xff"),
-    "farewell": (4, 4, 304, b"\xf0\xf0\xf0\xff"),
-    "grown farewell": (4, 4, 344, b"\xf0\xf0\xf0\xff"),
+    "farewell": (2, 2, 308, b"\xd6\xd6\xd6\xff"),
+    "grown farewell": (2, 2, 348, b"\xd6\xd6\xd6\xff"),
 }
-BUTTONS = ("mnuArkiv", "mnuOm", "butMini", "butAvsluta")
+SIZES = {"start": (188, 305), "main": (570, 416), "about": (188, 378), "farewell": (312, 212)}
 # What is looked at or touched: window, left, top, width, height.
 PLACES = {
     "Starta": ("start", 60, 258, 71, 33),
-    "all": ("main", 0, 0, 570, 416),
-    "title bar": ("main", 298, 29, 4, 4),
+    "Namnlist": ("main", 298, 29, 4, 4),
     "mnuArkiv": ("main", 14, 8, 41, 20),
     "mnuOm": ("main", 68, 10, 39, 20),
     "butMini": ("main", 526, 8, 13, 20),
     "butAvsluta": ("main", 546, 10, 16, 19),
-    "Nytt spel (snabbt)": ("main", 60, 53, 40, 10),
-    "die": ("main", 52, 184, 10, 10),  # before its first throw
-    "message": ("main", 30, 240, 131, 101),
+    "mnuNytt_snabbt": ("main", 60, 53, 40, 10),
+    "Tärning": ("main", 52, 184, 10, 10),  # before its first throw
+    "labMeddelande": ("main", 30, 240, 131, 101),
     "butEn_pjäs": ("main", 24, 360, 143, 17),  # or butNästa
-    "board": ("main", 190, 36, 378, 378),
-    "bare board": ("main", 360, 264, 8, 8),
+    "Picture1": ("main", 190, 36, 378, 378),
     "Klar": ("about", 56, 320, 71, 33),
     "Stäng": ("farewell", 236, 178, 65, 25),
     "corner": ("farewell", 308, 208, 4, 4),
+    "grown": ("grown farewell", 348, 238, 4, 4),
 }
 
 
@@ -87,8 +87,16 @@ class Desktop(contextlib.ExitStack):
         command = [tool, *map(str, words)]
         return subprocess.run(command, env=self.environment, capture_output=True, text=True).stdout
 
-    def has_keyboard(self, size):
-        return size in self.hand("getwindowfocus", "getwindowgeometry")
+    def move(self, x, y):
+        # The first movement may only enter a window, or belong to the button that it leaves.
+        self.hand("mousemove", x - 1, y, "mousemove", x, y)
+
+    def reach(self, x, y):
+        """So that a press is sure to count there."""
+        self.move(x, y)
+
+    def has_keyboard(self, width, height):
+        return f"{width}x{height}\n" in self.hand("getwindowfocus", "getwindowgeometry")
 
     def look(self, x, y, width=1, height=1):
         """The rows of pixels seen there."""
@@ -104,6 +112,12 @@ class Game:
         desktop.environment["QT_SCALE_FACTOR"] = str(scale)
         self.process = desktop.start(*command, *arguments, cwd=folder, **more)
 
+    def does(self, words):
+        """One thing after the other, each a method and what it is given: `click:Klar`."""
+        for word in words.split():
+            deed, *given = re.split("[:,]", word)
+            getattr(self, deed)(*given)
+
     def sees(self, window):
         """Left and top of the window, if it is shown and painted."""
         x, y, width, colour = ROWS[window]
@@ -111,123 +125,111 @@ class Game:
         top, left = divmod((at - self.desktop.first) // 4, self.desktop.stride // 4)
         return at >= 0 and (left - x * self.scale, top - y * self.scale)
 
-    def are_together(self, part, window):
-        """To the pixel; a compositor, or a window between two logical ones, may be one off."""
-        return math.dist(self.sees(part) or (0, 0), self.find(window)) < 2
-
     def find(self, window):
         return wait(f"the {window} window", lambda: self.sees(window))
 
+    def closes(self, window):
+        wait(f"the {window} window to go", lambda: not self.sees(window))
+
+    def has_keyboard(self, window):
+        size = [self.scale * length for length in SIZES[window]]
+        wait(f"the {window} window's keyboard", lambda: self.desktop.has_keyboard(*size))
+
+    def is_told_to_close(self, window):
+        self.has_keyboard(window)
+        self.hand("-c", ":ACTIVE:", tool="wmctrl")
+
     def place(self, name):
-        """Left, top, width and height on the screen."""
-        window, *area = PLACES[name]
+        """Left, top, width and height on the screen, of a window too."""
+        window, *area = PLACES.get(name) or (name, 0, 0, *SIZES[name])
         left, top = self.find(window)
         x, y, width, height = (length * self.scale for length in area)
         return left + x, top + y, width, height
-
-    def look(self, name):
-        return self.desktop.look(*self.place(name))
 
     def middle(self, name):
         x, y, width, height = self.place(name)
         return x + width // 2, y + height // 2
 
-    def point(self, name, *words):
-        self.hand("mousemove", *self.middle(name), *words)
+    def look(self, name):
+        return self.desktop.look(*self.place(name))
 
-    def click(self, name):
-        self.point(name, "click", 1)
+    def notes(self, name):
+        self.noted = self.place(name), self.look(name)
 
-    def closes(self, name):
-        wait(f"the {name} window to go", lambda: not self.sees(name))
+    def changes(self, name):
+        wait(f"another look of {name}", lambda: self.look(name) != self.noted[1])
 
-    def changes(self, name, before):
-        wait(f"another look of {name}", lambda: self.look(name) != before)
+    def returns(self, name):
+        """Unchanged, to the same place."""
+        wait(f"the same {name}", lambda: (self.place(name), self.look(name)) == self.noted)
+
+    def click(self, name, button=1):
+        self.desktop.reach(*self.middle(name))
+        self.hand("click", button)
+
+    def throws(self):
+        self.does("notes:labMeddelande click:Tärning changes:labMeddelande")
+
+    def is_lit(self, button):
+        """Its brightest red tells, above an arrow in its middle."""
+        return any(max(row[2::4]) > 240 for row in self.look(button)[:8])
+
+    def lights(self, button):
+        x, y = self.middle(button)
+        wait(f"{button} to light up", lambda: [self.desktop.move(x, y)] and self.is_lit(button))
+
+    def goes_out(self, button):
+        wait(f"{button} to go out", lambda: not self.is_lit(button))
+
+    def presses(self, button):
+        self.lights(button)
+        self.hand("click", 1)
+
+    def opens_menu(self):
+        self.presses("mnuArkiv")
+        # A compositor may be one pixel off.
+        place = self.find("main")
+        wait("the menu at its place", lambda: math.dist(self.find("menu"), place) < 2)
+
+    def catches_up(self):
+        """All input before has been handled when a button has lit up and gone out."""
+        self.lights("mnuOm")
+        self.desktop.move(*self.middle("labMeddelande"))
+        self.goes_out("mnuOm")
+
+    def drags(self, name, x, y, button=1, follower=None):
+        """Holds a button of the mouse down there and moves it so far, until that is followed."""
+        left, top = self.middle(name)
+        self.desktop.reach(left, top)
+        self.hand("mousedown", button)
+        end, move = (left + int(x), top + int(y)), self.desktop.move
+
+        def has_followed():
+            move(*end)
+            if follower is None:
+                return self.middle(name) == end
+            # What lies between two logical pixels may be one off.
+            return self.sees(PLACES[follower][0]) and math.dist(self.middle(follower), end) < 2
+
+        wait(f"{name} to follow the mouse", has_followed)
+        self.hand("mouseup", button)
+
+    def begins(self):
+        # A window that is given the keyboard lets go of a button that is held down.
+        self.has_keyboard("start")
+        self.does("click:Starta closes:start")
 
     def ends(self):
         """By itself, with no complaint."""
         assert self.process.wait(30) == 0, f"ended with {self.process.returncode}"
 
-    def begins(self):
-        self.find("start")
-        # A window that is given the keyboard lets go of a button that is held down.
-        size = f"{188 * self.scale}x{305 * self.scale}"
-        wait("the keyboard", lambda: self.desktop.has_keyboard(size))
-        self.click("Starta")
-        self.closes("start")
-        # The window's first row may be on the screen before its last.
-        ground = b"\x64\x96\xc8\xff"
-        wait("all of the window", lambda: self.look("board")[-1][:4] == ground)
-        self.normal = {button: self.look(button)[:8] for button in BUTTONS}
-        return self
-
-    def throws(self):
-        message = self.look("message")
-        self.click("die")
-        self.changes("message", message)
-
-    def is_lit(self, button):
-        """As far as it lies above an arrow in its middle."""
-        return self.look(button)[:8] != self.normal[button]
-
-    def lights(self, button):
-        x, y = self.middle(button)
-        # The first movement may be the last button's, or only enter the window.
-        move = ("mousemove", x - 1, y, "mousemove", x, y)
-        wait(f"{button} to light up", lambda: [self.hand(*move)] and self.is_lit(button))
-
-    def goes_out(self, button):
-        wait(f"{button} to go out", lambda: not self.is_lit(button))
-
-    def catches_up(self):
-        """All input before has been handled when a button has lit up and gone out."""
-        self.lights("mnuOm")
-        x, y = self.middle("bare board")
-        # A leap into another window may be no movement there.
-        move = ("mousemove", x - 1, y, "mousemove", x, y)
-        wait("mnuOm to go out", lambda: [self.hand(*move)] and not self.is_lit("mnuOm"))
-
-    def drag(self, name, by, has_followed, button=1):
-        """Holds a button of the mouse down there and moves it so far, until that is followed."""
-        x, y = self.middle(name)
-        self.hand("mousemove", x, y, "mousedown", button)
-        x, y = x + by[0], y + by[1]
-        # A compositor follows the movements that come after it has been asked to.
-        move = ("mousemove", x + 1, y, "mousemove", x, y)
-        wait(f"{name} to follow the mouse", lambda: [self.hand(*move)] and has_followed())
-        self.hand("mouseup", button)
-
-    def drags_window(self, by, button=1):
-        x, y = self.find("main")
-        end = x + by[0], y + by[1]
-        self.drag("title bar", by, lambda: self.sees("main") == end, button)
-        self.catches_up()
-        assert self.find("main") == end, "the window sticks to the mouse"
-
-    def opens_menu(self):
-        self.lights("mnuArkiv")
-        self.hand("click", 1)
-        wait("the menu at its place", lambda: self.are_together("menu", "main"))
-
     def plays(self):
         """From the start window to the end of the program, as every display allows."""
-        self.begins()
-        self.throws()
-        message = self.look("message")
-        mapped = pathlib.Path(f"/proc/{self.process.pid}/maps")
-        wait("the sound part", lambda: b"libbrusbo_sound.so" in mapped.read_bytes())
-        self.drags_window((-71, 53))
-        self.opens_menu()
-        self.click("Nytt spel (snabbt)")
-        self.changes("message", message)
-        self.goes_out("mnuArkiv")
-        self.lights("mnuOm")
-        self.hand("click", 1)
-        self.click("Klar")
-        self.closes("about")
-        self.lights("butAvsluta")
-        self.hand("click", 1)
-        by = 40 * self.scale, 30 * self.scale
-        self.drag("corner", by, lambda: self.are_together("grown farewell", "farewell"))
-        self.click("Stäng")
-        self.ends()
+        self.does("begins throws drags:Namnlist,-71,53 catches_up")
+        maps = pathlib.Path(f"/proc/{self.process.pid}/maps")
+        wait("the sound part", lambda: b"libbrusbo_sound.so" in maps.read_bytes())
+        self.does(
+            "notes:labMeddelande opens_menu click:mnuNytt_snabbt changes:labMeddelande "
+            "goes_out:mnuArkiv presses:mnuOm click:Klar closes:about presses:butAvsluta "
+            f"drags:corner,{40 * self.scale},{30 * self.scale},1,grown click:Stäng ends"
+        )
