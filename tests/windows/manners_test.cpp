@@ -71,7 +71,7 @@ TEST_F(Manners, OfTheTitleBar) {
          "s2 [MFrm menu] lit:mnuArkiv [MFrm Startfrm* ] lit: resets:1 s1 s1 [MFrm ]"},
         {"1=7,0,0,55 mnuArkiv ~mnuNytt_snabbt key:Escape mnuArkiv mnuAvsluta",
          "s2 [MFrm menu] lit:mnuArkiv lit: s1 [MFrm ] s2 [MFrm menu] lit:mnuArkiv s1 s1 [MFrm "
-         "Slut* ] lit: Slut,130,103,312,212"},
+         "Slut* ] lit: Slut,128,101,312,212"},
         {"mnuArkiv key:Shift+F2 held:F2 key:F2 Starta",
          "s2 [MFrm menu] lit:mnuArkiv [MFrm Startfrm* ] resets:1 s1 s1 [MFrm ] lit:"},
         {"reader:mnuArkiv key:Down key:Down key:Return", "[MFrm menu] s1 [MFrm ] resets:1"},
@@ -79,20 +79,20 @@ TEST_F(Manners, OfTheTitleBar) {
          "reader:mnuOm close:frmOm",
          "s2 s1 [MFrm frmOm* ] lit:mnuOm s1 [MFrm ] lit: s1 [MFrm frmOm* ] [MFrm ]"},
         {"butMini restore:MFrm 2 close:MFrm 4 close:MFrm key:Escape close:Slut key:Return",
-         "s2 s1 [MFrm_ ] [MFrm ] s3 s1 [MFrm Slut* ] Slut,130,103,312,212 s1 s1 end:0"},
+         "s2 s1 [MFrm_ ] [MFrm ] s3 s1 [MFrm Slut* ] Slut,128,101,312,212 s1 s1 end:0"},
         {"key:Shift+F2 key:Ctrl+F2 held:F2 key:Escape key:F2 key:F2 Starta",
          "[MFrm Startfrm* ] resets:1 s1 [MFrm ]"},
         // By its frame the farewell window changes its size, down to a smallest one.
         {"butAvsluta press:Slut@311,211 pull:+30,5 drop:+0,0 hover:+5,5 press:Slut@1,1 "
          "pull:+-10,-20 drop:+0,0 press:Slut@1,50 pull:+400,0 drop:+0,0 ~press:Slut@1,30 "
          "~pull:+-50,0 ~drop:+0,0 press:Slut@100,1 pull:+0,400 drop:+0,0",
-         "s2 s1 [MFrm Slut* ] lit:butAvsluta Slut,130,103,312,212 lit: Slut,130,103,342,217 "
-         "Slut,120,83,352,237 Slut,352,83,120,237 Slut,352,260,120,60"},
+         "s2 s1 [MFrm Slut* ] lit:butAvsluta Slut,128,101,312,212 lit: Slut,128,101,342,217 "
+         "Slut,118,81,352,237 Slut,350,81,120,237 Slut,350,258,120,60"},
         // The text does not lie on the frame.
         {"butAvsluta press:Slut@311,100 pull:+-90,0 drop:+0,0 press:Slut@221,80 pull:+9,8 "
          "drop:+0,0",
-         "s2 s1 [MFrm Slut* ] lit:butAvsluta Slut,130,103,312,212 lit: Slut,130,103,222,212 "
-         "Slut,130,103,231,212"},
+         "s2 s1 [MFrm Slut* ] lit:butAvsluta Slut,128,101,312,212 lit: Slut,128,101,222,212 "
+         "Slut,128,101,231,212"},
         // Any button moves the window, where nothing lies on the bar.
         {"press:MFrm@320,5 pull:+15,-10 pull:+15,-10 drop:+0,0 hover:+50,50 ~press:MFrm@320,30 "
          "~pull:+-7,8 ~drop:+0,0 press:Label1 pull:+9,9 drop:+0,0 press:labPjäser_klara pull:+9,9",
@@ -118,7 +118,7 @@ TEST_F(Manners, OfInputDuringActions) {
     expect({
         // In the order of its arrival, whatever its source.
         {"@3:key:Space @3:4 @3:reader:butNästa @3:hover:mnuArkiv @3:close:MFrm 3",
-         "s3 s1 s3 s1 s2 s1 [MFrm Slut* ] lit:mnuArkiv Slut,130,103,312,212"},
+         "s3 s1 s3 s1 s2 s1 [MFrm Slut* ] lit:mnuArkiv Slut,128,101,312,212"},
         {"@3:held:Return @3:held:Space @4:key:F2 @5:key:Shift+F2 3 Starta",
          "s3 [MFrm Startfrm* ] resets:1 s1 [MFrm ]"},
 

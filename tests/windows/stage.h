@@ -8,7 +8,6 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QMetaEnum>
-#include <QScreen>
 #include <QTest>
 #include <QThread>
 #include <QTimer>
@@ -163,7 +162,10 @@ class Stage : public testing::Test {
         world = std::make_unique<World>();
         world->at_pause = [this](int number) { perform_in_pause(number); };
         QTimer::singleShot(0, &ticker_, [this] { world->Main(); });
-        return play(words);
+        home_ = {};
+        const QString followed = play(words);
+        if (shown("MFrm")) home_ = at("MFrm").geometry().topLeft();
+        return followed;
     }
 
     /// Does what the words say and tells what followed: sounds, and of facts() what changed.
@@ -311,16 +313,12 @@ class Stage : public testing::Test {
                              QString("players:%1").arg(Antal_spelare),
                              Ljud_på ? "sound:on" : "sound:off",
                              QString("end:%1").arg(end)};
-        // Places are told from where the main window stands first.
-        const QPoint home = qApp->primaryScreen()->geometry().center() - QPoint(569, 415) / 2;
         for (const QString name : {"MFrm", "Slut"}) {
-            const QWidget* const window = find(name);
-            const QRect box = window ? QRect(window->pos() - home, window->size()) : QRect();
-            facts += name + QString(",%1,%2,%3,%4")
-                                .arg(box.x())
-                                .arg(box.y())
-                                .arg(box.width())
-                                .arg(box.height());
+            facts += name;
+            if (home_.isNull() || !shown(name)) continue;
+            const QRect box = at(name).geometry().translated(-home_);
+            for (const int number : {box.x(), box.y(), box.width(), box.height()})
+                facts.back() += QString(",%1").arg(number);
         }
         for (int p = 1; p <= most_players; ++p)
             facts +=
@@ -336,6 +334,7 @@ class Stage : public testing::Test {
     QEventLoop* loop_ = nullptr;
     int calm_ = 0, rounds_ = 0, time_ = 1'000'000;
     QPointF pointer_;  ///< on the screen
+    QPoint home_;      ///< where the main window stood when the game began
 };
 
 }  // namespace brusbo::test
