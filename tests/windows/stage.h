@@ -146,6 +146,10 @@ class Stage : public testing::Test {
             told += " '" + at(name).property(is_window ? "windowTitle" : "text").toString();
             told += at(name).isEnabled() ? "'" : "'-";
         };
+        verbs["names:"] = [this](auto& window) {  // as a screen reader tells them
+            for (const QWidget* each : at(window).template findChildren<QWidget*>())
+                if (!each->accessibleName().isEmpty()) told += "\n" + each->accessibleName();
+        };
         verbs["cursor:"] = [this](auto& name) {
             const auto shapes = QMetaEnum::fromType<Qt::CursorShape>();
             told += QString(" ") + shapes.valueToKey(at(name).cursor().shape());
