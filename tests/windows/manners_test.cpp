@@ -108,11 +108,11 @@ TEST_F(Manners, OfTheTitleBar) {
          "MFrm,15,-10,570,416 MFrm,30,-20,570,416 MFrm,23,-12,570,416 MFrm,32,-3,570,416"},
         // A press on the bar lets go of the lit button beside it.
         {"hover:mnuOm hover:mnuOm@39,10 press:mnuOm@39,10 drop:+0,0", "s2 lit:mnuOm lit:"},
-        {"read:Startfrm read:MFrm mnuOm read:frmOm Klar",
-         "'Brusbo' 'Brusbo' s2 s1 [MFrm frmOm* ] lit:mnuOm 'Om...' s1 [MFrm ] lit:"},
         // Only when another window of the program was active it looks anew whose turn it is.
-        {"write:labVisa_tur=? butMini restore:MFrm read:labVisa_tur mnuOm Klar read:labVisa_tur",
-         "s2 s1 [MFrm_ ] [MFrm ] '?' s2 s1 [MFrm frmOm* ] lit:mnuOm s1 [MFrm ] lit: 'Röds tur!'"},
+        {"read:Startfrm read:MFrm write:labVisa_tur=? butMini restore:MFrm read:labVisa_tur mnuOm "
+         "read:frmOm Klar read:labVisa_tur",
+         "'Brusbo' 'Brusbo' s2 s1 [MFrm_ ] [MFrm ] '?' s2 s1 [MFrm frmOm* ] lit:mnuOm 'Om...' s1 "
+         "[MFrm ] lit: 'Röds tur!'"},
     });
 }
 
@@ -130,13 +130,11 @@ TEST_F(Manners, OfInputDuringActions) {
          "s3 s1 s3 s1 s2 s1 [MFrm Slut* ] lit:mnuArkiv Slut,128,101,312,212"},
         {"@3:held:Return @3:held:Space @4:key:F2 @5:key:Shift+F2 3 Starta",
          "s3 [MFrm Startfrm* ] resets:1 s1 [MFrm ]"},
-
         // What was meant for a window behind a modal one has no effect.
         {"@2:mnuOm @2:Tärning @2:key:F2 @2:close:MFrm @2:hover:butMini 3 code:Klar "
          "reader:butNästa",
          "s3 s2 s1 [MFrm frmOm* ] lit:mnuOm s1 [MFrm ] lit: s1 turn:2"},
         {"mnuOm !code:Klar !reader:Tärning", "s2 s1 s1 s3"},
-
     });
 }
 
@@ -155,10 +153,10 @@ TEST_F(Manners, OfNames) {
 TEST_F(Manners, OfWhatAScreenReaderTells) {
     std::ifstream file(BRUSBO_SOURCES "/tests/windows/names.txt");
     const std::string names(std::istreambuf_iterator<char>(file), {});
-    const QString told = start(
+    start(
         "names:Startfrm Starta 4 names:MFrm mnuOm names:frmOm Klar 1=55,55,44,55 butNästa 3 "
         "butNästa 1 Pjäs(2) names:Grattis butNytt_snabbt close:MFrm names:Slut");
-    EXPECT_EQ(told.toStdString() + "\n", names);
+    EXPECT_EQ(told.mid(1).toStdString() + "\n", names);
 }
 
 TEST_F(Manners, OfABadPositionsFile) {

@@ -14,7 +14,7 @@ namespace {
 
 class Player : public Stage {
    protected:
-    /// Does so many things that wait for nothing, and more until all is quiet.
+    /// Does so many things, wild ones without waiting, and more until all is quiet.
     void play_on(int count, bool wild) {
         left_ = count;
         wild_ = wild;
@@ -31,14 +31,15 @@ class Player : public Stage {
         left_ = std::max(left_ - 1, 0);
         // In home lanes nobody meets anybody, and games end soon.
         if (quiet && Tärning_enabled && below(20) == 0) bring_an_end_near();
-        return "!" + (wild_ && left_ > 0 && below(3) == 0 ? wild_word() : sensible_word());
+        if (!wild_) return sensible_word();
+        return "!" + (left_ > 0 && below(3) == 0 ? wild_word() : sensible_word());
     }
 
-    /// In home lanes nobody meets anybody.
-    static void bring_an_end_near() {
+    /// Or in the quiet game never; in home lanes nobody meets anybody.
+    void bring_an_end_near() {
         Har_flyttat = true;
         for (int player = 1; player <= Antal_spelare; ++player)
-            place(player, QString("55,%1,55,44").arg(40 + player % 2));
+            place(player, wild_ ? QString("55,%1,55,44").arg(40 + player % 2) : "0,0,0,0");
     }
 
     void note() override {
@@ -47,7 +48,9 @@ class Player : public Stage {
         won_ = won_ || shown("Grattis");
     }
 
-    int below(int count) { return static_cast<int>(generator_() % static_cast<unsigned>(count)); }
+    int below(qsizetype count) {
+        return static_cast<int>(generator_() % static_cast<std::size_t>(count));
+    }
     QString one_of(const QStringList& choices) { return choices[below(choices.size())]; }
 
     QString sensible_word() {
