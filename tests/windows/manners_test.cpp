@@ -21,6 +21,20 @@ class Manners : public Stage {
             if (frame.windowFlags() & Qt::WindowCloseButtonHint) told += " closes";
             if (frame.minimumSize() == frame.maximumSize()) told += " fixed";
         };
+        verbs["dice:"] = [this](auto& face) { world->dice.script(std::stoi(face)); };
+        verbs["cursor:"] = [this](const std::string& name) {  // where the mouse rests without one
+            if (!name.empty()) perform("hover:" + name);
+            told += at("MFrm").cursor().shape() == Qt::ArrowCursor ? " arrow" : " hand";
+        };
+        verbs["focus:"] = [this](const std::string&) {
+            QWidget* const owner = at("MFrm").focusWidget();
+            if (owner == nullptr) return void(told += " none");
+            const QImage seen = owner->grab().toImage();
+            owner->clearFocus();
+            const bool marked = owner->grab().toImage() != seen;
+            owner->setFocus();
+            told += " " + owner->objectName().toStdString() + (marked ? "*" : "");
+        };
     }
 
     void expect(const std::vector<std::pair<std::string, std::string>>& rows, bool started = true) {
@@ -72,6 +86,32 @@ TEST_F(Manners, OfPlaying) {
          "s3 s1 s2 [MFrm Grattis* ] 1=55,55,45,55 [MFrm Startfrm* Grattis ] resets:1 1=0,0,0,0 s2 "
          "players:3 s1 [MFrm ] 'Lars tur!'"},
     });
+}
+
+TEST_F(Manners, OfTheHand) {
+    expect({
+        {"cursor:Tärning cursor:Label1 cursor:Pjäs(0) cursor:mnuOm mnuOm cursor: Klar",
+         "hand arrow arrow hand s2 lit:mnuOm s1 [MFrm frmOm* ] arrow s1 [MFrm ] lit:"},
+        // Neither the blocked piece nor what an action has taken from under the resting mouse.
+        {"1=9,10,0,0 2 cursor:Tärning cursor:Pjäs(0) cursor:Pjäs(1) cursor:Pjäs(4) "
+         "cursor:butNästa Pjäs(1) cursor: cursor:butNästa butNästa cursor:",
+         "s3 arrow arrow hand arrow arrow s1 s2 s2 1=9,12,0,0 arrow hand s1 turn:2 arrow"},
+    });
+}
+
+TEST_F(Manners, OfTheKeys) {
+    expect({
+        {"3 focus: butNästa focus: dice:4 key:Space focus: key:Space focus: Label1 focus:",
+         "s3 butNästa s1 turn:2 none s3 butNästa* s1 turn:1 Tärning* none"},
+        // Of a stack the piece on top; blocked ones are left out.
+        {"1=20,9,20,10 2 key:Tab focus: key:Down focus: key:Right focus: key:Shift+Tab key:Up "
+         "focus: key:Tab key:Return focus:",
+         "s3 Pjäs(3)* Pjäs(2)* lit:mnuArkiv mnuArkiv* lit: Pjäs(3)* s1 s2 s2 1=20,9,22,10 "
+         "butNästa*"},
+        {"6 key:Tab focus: key:Space focus: held:Return held:Space key:Up focus:",
+         "s3 butEn_pjäs* s1 s2 s2 s2 s2 s2 s2 1=0,0,0,6 Tärning* lit:butAvsluta butAvsluta*"},
+    });
+    expect({{"key:Tab key:Return", "s1 [MFrm ]"}}, false);
 }
 
 TEST_F(Manners, OfTheTitleBar) {

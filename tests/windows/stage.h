@@ -71,7 +71,7 @@ inline QWidget& at(const std::string& element) {
 inline QWidget& front() {
     if (QWidget* const popup = QApplication::activePopupWidget()) return *popup;
     QWidget* const active = QApplication::activeWindow();
-    return active != nullptr ? *active : at("MFrm");
+    return active != nullptr && active->isVisible() ? *active : at("MFrm");
 }
 
 inline void place(int player, const std::string& squares) {
@@ -109,6 +109,9 @@ inline std::string fault() {
         expect(numbered("Pjäs", b), square_of(b) != square_finished, place);
         expect(numbered("Plus", b), is_marked(b), place);
     }
+    const QWidget* const focus = at("MFrm").focusWidget();
+    if (takes_input(at("MFrm")) && focus != nullptr && (focus->isHidden() || !focus->isEnabled()))
+        wrong += "focus ";
     expect("butNästa", butNästa_visible, at("butNästa").pos());
     expect("butEn_pjäs", butEn_pjäs_visible, at("butEn_pjäs").pos());
     expect("butTvå_pjäser", butTvå_pjäser_visible, at("butTvå_pjäser").pos());
