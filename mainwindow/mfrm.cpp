@@ -69,7 +69,8 @@ void MFrm::connect_clicks() {
 
 std::vector<QAbstractButton*> MFrm::clickable() const {
     std::vector<QAbstractButton*> found;
-    if (!takes_input(*this)) return found;
+    // Beside an open menu a click only closes it.
+    if (!takes_input(*this) || QApplication::activePopupWidget() != nullptr) return found;
     for (QAbstractButton* button :
          std::initializer_list<QAbstractButton*>{&elements_.Tärning, &elements_.butEn_pjäs,
                                                  &elements_.butTvå_pjäser, &elements_.butNästa})
