@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 #include "engine/engine.h"
@@ -81,7 +80,7 @@ std::vector<QAbstractButton*> MFrm::clickable() const {
         if (can_move(b))
             pieces[Spelare[Aktuell_spelare].Ruta[Pjäsen(b)]] =
                 elements_.Pjäs[static_cast<std::size_t>(b)];
-    std::ranges::copy(std::views::values(pieces), std::back_inserter(found));
+    for (const auto& [square, piece] : pieces) found.push_back(piece);
     found.insert(found.end(), {&elements_.mnuArkiv, &elements_.mnuOm, &elements_.butMini,
                                &elements_.butAvsluta});
     return found;
