@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 #include "engine/engine.h"
@@ -69,7 +68,8 @@ void MFrm::connect_clicks() {
 
 std::vector<QAbstractButton*> MFrm::clickable() const {
     std::vector<QAbstractButton*> found;
-    if (!takes_input(*this)) return found;
+    // Beside an open menu a click only closes it.
+    if (!takes_input(*this) || QApplication::activePopupWidget() != nullptr) return found;
     for (QAbstractButton* button :
          std::initializer_list<QAbstractButton*>{&elements_.Tärning, &elements_.butEn_pjäs,
                                                  &elements_.butTvå_pjäser, &elements_.butNästa})
@@ -80,7 +80,7 @@ std::vector<QAbstractButton*> MFrm::clickable() const {
         if (can_move(b))
             pieces[Spelare[Aktuell_spelare].Ruta[Pjäsen(b)]] =
                 elements_.Pjäs[static_cast<std::size_t>(b)];
-    std::ranges::copy(std::views::values(pieces), std::back_inserter(found));
+    for (const auto& [square, piece] : pieces) found.push_back(piece);
     found.insert(found.end(), {&elements_.mnuArkiv, &elements_.mnuOm, &elements_.butMini,
                                &elements_.butAvsluta});
     return found;

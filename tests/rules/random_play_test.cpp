@@ -67,7 +67,12 @@ TEST_F(Game, Signature) {
         // Mostly own pieces: another's is always refused.
         const int any = below(16), kind = below(8);
         const int own = 4 * (Aktuell_spelare - 1) + any % 4;
-        kind < 4 ? buttons[kind]() : Pjäs_Click(static_cast<std::int16_t>(kind < 5 ? any : own));
+        const auto piece = static_cast<std::int16_t>(kind < 5 ? any : own);
+        const auto before = recorder.effects.view().size();
+        const bool moves = kind >= 4 && can_move(piece);
+        kind < 4 ? buttons[kind]() : Pjäs_Click(piece);
+        const bool walked = recorder.effects.view().find("pause", before) != std::string::npos;
+        EXPECT_TRUE(kind < 4 || moves == walked);
         EXPECT_EQ(broken_invariant(), nullptr);
     }
 

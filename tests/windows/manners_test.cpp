@@ -12,6 +12,22 @@ namespace {
 
 class Manners : public Stage {
    protected:
+    Manners() {
+        verbs["dice:"] = [this](auto& face) { world->dice.script(face.toInt()); };
+        verbs["hand:"] = [this](auto&) {
+            told += at("MFrm").cursor().shape() == Qt::ArrowCursor ? " arrow" : " hand";
+        };
+        verbs["focus:"] = [this](auto&) {
+            QWidget* const owner = at("MFrm").focusWidget();
+            if (owner == nullptr) return void(told += " none");
+            const QImage seen = owner->grab().toImage();
+            owner->clearFocus();
+            const bool marked = owner->grab().toImage() != seen;
+            owner->setFocus();
+            told += " " + owner->objectName() + (marked ? "*" : "");
+        };
+    }
+
     /// What is done, and what is told of it; each row in a program of its own, begun by `before`.
     using Rows = std::vector<std::pair<QString, std::string>>;
 
@@ -61,6 +77,33 @@ TEST_F(Manners, OfPlaying) {
          "s3 s1 s2 [MFrm Grattis* ] 1=55,55,45,55 [MFrm Startfrm* Grattis ] resets:1 1=0,0,0,0 s2 "
          "players:3 s1 [MFrm ] 'Lars tur!'"},
     });
+}
+
+TEST_F(Manners, OfTheHand) {
+    expect({
+        {"hover:Tärning hand: hover:Label1 hand: hover:Pjäs(0) hand: hover:mnuOm hand: mnuOm "
+         "hand: Klar",
+         "hand arrow arrow hand s2 lit:mnuOm s1 [MFrm frmOm* ] arrow s1 [MFrm ] lit:"},
+        // Neither the blocked piece nor what an action has taken from under the resting mouse.
+        {"1=9,10,0,0 2 hover:Tärning hand: hover:Pjäs(0) hand: hover:Pjäs(1) hand: hover:Pjäs(4) "
+         "hand: hover:butNästa hand: Pjäs(1) hand: hover:butNästa hand: butNästa hand:",
+         "s3 arrow arrow hand arrow arrow s1 s2 s2 1=9,12,0,0 arrow hand s1 turn:2 arrow"},
+    });
+}
+
+TEST_F(Manners, OfTheKeys) {
+    expect({
+        {"3 focus: butNästa focus: dice:4 key:Space focus: key:Space focus: Label1 focus:",
+         "s3 butNästa s1 turn:2 none s3 butNästa* s1 turn:1 Tärning* none"},
+        // Of a stack the piece on top; blocked ones are left out.
+        {"1=20,9,20,10 2 key:Tab focus: key:Down focus: key:Right focus: key:Shift+Tab key:Up "
+         "focus: key:Tab key:Return focus:",
+         "s3 Pjäs(3)* Pjäs(2)* lit:mnuArkiv mnuArkiv* lit: Pjäs(3)* s1 s2 s2 1=20,9,22,10 "
+         "butNästa*"},
+        {"6 key:Tab focus: key:Space focus: held:Return held:Space key:Up focus:",
+         "s3 butEn_pjäs* s1 s2 s2 s2 s2 s2 s2 1=0,0,0,6 Tärning* lit:butAvsluta butAvsluta*"},
+    });
+    expect({{"key:Tab key:Return", "s1 [MFrm ]"}}, "");
 }
 
 TEST_F(Manners, OfTheTitleBar) {

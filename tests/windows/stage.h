@@ -57,7 +57,8 @@ inline bool shown(const QString& name) { return find(name) && find(name)->isVisi
 /// The window, menu or message that has the input.
 inline QWidget& front() {
     if (QWidget* const popup = QApplication::activePopupWidget()) return *popup;
-    return QApplication::activeWindow() ? *QApplication::activeWindow() : *find("MFrm");
+    QWidget* const active = QApplication::activeWindow();
+    return active != nullptr && active->isVisible() ? *active : *find("MFrm");
 }
 
 /// The one of this name, or where there is no name the one in front.
