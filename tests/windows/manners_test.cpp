@@ -83,7 +83,7 @@ TEST_F(Manners, OfTheHand) {
     expect({
         {"hover:Tärning hand: hover:Label1 hand: hover:Pjäs(0) hand: hover:mnuOm hand: mnuOm "
          "hand: Klar",
-         "hand arrow arrow hand s2 lit:mnuOm s1 [MFrm frmOm* ] arrow s1 [MFrm ] lit:"},
+         "hand arrow arrow s2 lit:mnuOm hand s1 [MFrm frmOm* ] arrow s1 [MFrm ] lit:"},
         // Neither the blocked piece nor what an action has taken from under the resting mouse.
         {"1=9,10,0,0 2 hover:Tärning hand: hover:Pjäs(0) hand: hover:Pjäs(1) hand: hover:Pjäs(4) "
          "hand: hover:butNästa hand: Pjäs(1) hand: hover:butNästa hand: butNästa hand:",
