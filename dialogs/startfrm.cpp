@@ -9,6 +9,7 @@
 #include "engine/engine.h"
 #include "platform/elements.h"
 #include "platform/ending.h"
+#include "platform/keyboard.h"
 
 namespace brusbo {
 

@@ -8,22 +8,9 @@
 
 #include "engine/engine.h"
 #include "platform/input_gate.h"
+#include "platform/keyboard.h"
 
 namespace brusbo {
-
-namespace {
-
-bool is_arrow_back(int key) { return key == Qt::Key_Left || key == Qt::Key_Up; }
-bool is_arrow_on(int key) { return key == Qt::Key_Right || key == Qt::Key_Down; }
-
-/// Whether the key moves the focus, or presses what has it.
-bool steers_focus(const QKeyEvent& event) {
-    const int key = event.key();
-    return key == Qt::Key_Tab || key == Qt::Key_Backtab || is_arrow_back(key) || is_arrow_on(key) ||
-           key == Qt::Key_Space || is_return(event);
-}
-
-}  // namespace
 
 MFrm::MFrm(OtherWindows& other_windows)
     : Window("MFrm", "Brusbo",
@@ -36,8 +23,6 @@ MFrm::MFrm(OtherWindows& other_windows)
                        elements_.butAvsluta),
       aaa_(this) {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    // The mark of the focus comes with a key and goes with the mouse.
-    set_marks_focus(false);
     qApp->installEventFilter(this);
     elements_.butMini.setToolTip(QStringLiteral("Minimera"));
     elements_.butAvsluta.setToolTip(QStringLiteral("Avsluta"));
@@ -98,10 +83,10 @@ void MFrm::settle() {
     show_hand();
     const auto buttons = clickable();
     QWidget* const focus = focusWidget();
-    if (marks_focus() && std::ranges::count(buttons, focus) > 0) return;
+    if (Keyboard::marks_focus() && std::ranges::count(buttons, focus) > 0) return;
     if (elements_.butNästa.isVisible())
         elements_.butNästa.setFocus();
-    else if (marks_focus() && elements_.Tärning.isEnabled())
+    else if (Keyboard::marks_focus() && elements_.Tärning.isEnabled())
         elements_.Tärning.setFocus();
     else if (focus != nullptr)
         focus->clearFocus();
@@ -116,16 +101,8 @@ void MFrm::show_hand() {
 
 bool MFrm::eventFilter(QObject* receiver, QEvent* event) {
     if (!receiver->isWidgetType() || InputGate::instance().closed()) return false;
-    const auto type = event->type();
-    if (type == QEvent::Enter || type == QEvent::MouseMove) {
-        show_hand();
-    } else if (type == QEvent::KeyPress && static_cast<QWidget*>(receiver)->window() == this) {
-        if (steers_focus(*static_cast<QKeyEvent*>(event))) set_marks_focus(true);
-    } else if (type == QEvent::MouseButtonPress && marks_focus()) {
-        set_marks_focus(false);
-        elements_.butNästa.update();
-        settle();
-    }
+    if (event->type() == QEvent::Enter || event->type() == QEvent::MouseMove) show_hand();
+    if (event->type() == QEvent::MouseButtonPress) settle();
     return false;
 }
 
@@ -147,13 +124,12 @@ void MFrm::Form_Activate() { Visa_tur(); }
 void MFrm::close_requested() { butAvsluta_Click(); }
 
 void MFrm::keyPressEvent(QKeyEvent* event) {
-    const int key = event->key();
     auto* const focus = qobject_cast<QAbstractButton*>(focusWidget());
     if (is_new_game_key(*event))
         InputGate::instance().run(settled([this] { mnuNytt_spel_Click(); }));
-    else if (is_arrow_back(key) || is_arrow_on(key))
-        focusNextPrevChild(is_arrow_on(key));
-    else if (is_return(*event) || (key == Qt::Key_Space && !event->isAutoRepeat()))
+    else if (is_arrow_back(*event) || is_arrow_on(*event))
+        focusNextPrevChild(is_arrow_on(*event));
+    else if (is_return(*event) || (event->key() == Qt::Key_Space && !event->isAutoRepeat()))
         (focus != nullptr ? focus : &elements_.Tärning)->click();
     else
         Window::keyPressEvent(event);

@@ -4,7 +4,7 @@
 #include <QLinearGradient>
 #include <QPainter>
 
-#include "platform/window.h"
+#include "platform/keyboard.h"
 
 namespace brusbo {
 
@@ -54,19 +54,13 @@ void set_caption(QAbstractButton& button, const char* text, Font font) {
 
 }  // namespace
 
-bool is_return(const QKeyEvent& event) {
-    return (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) && !event.isAutoRepeat();
-}
-
 void on_click(QAbstractButton& button, InputGate::Function handler) {
     QObject::connect(
         &button, &QAbstractButton::clicked, &button,
         [handler = std::move(handler)] { InputGate::instance().run(handler); });
 }
 
-bool shows_focus(const QWidget& element) {
-    return element.hasFocus() && dynamic_cast<Window&>(*element.window()).marks_focus();
-}
+bool shows_focus(const QWidget& element) { return element.hasFocus() && Keyboard::marks_focus(); }
 
 void paint_focus(QPainter& painter, const QRect& box, int inside, int opacity) {
     painter.setBrush(Qt::NoBrush);
@@ -143,7 +137,7 @@ void OptionButton::paintEvent(QPaintEvent*) {
         painter.drawEllipse(middle, 3.0, 3.0);
         painter.setRenderHint(QPainter::Antialiasing, false);
     }
-    if (hasFocus()) paint_focus(painter, rect(), 2, 170);
+    if (shows_focus(*this)) paint_focus(painter, rect(), 2, 170);
 }
 
 CheckBox::CheckBox(QWidget* parent, const ElementLook& look) : QCheckBox(parent) {
@@ -164,7 +158,7 @@ void CheckBox::paintEvent(QPaintEvent*) {
             QPolygonF({{w * 0.25, h * 0.52}, {w * 0.43, h * 0.72}, {w * 0.76, h * 0.3}}));
         painter.setRenderHint(QPainter::Antialiasing, false);
     }
-    if (hasFocus()) paint_focus(painter, rect(), 1);
+    if (shows_focus(*this)) paint_focus(painter, rect(), 1);
 }
 
 }  // namespace brusbo

@@ -10,13 +10,10 @@
 
 namespace brusbo {
 
-/// Return or Enter, not held down.
-bool is_return(const QKeyEvent& event);
-
 /// Runs a handler for each click on a button, as an action of its own.
 void on_click(QAbstractButton& button, InputGate::Function handler);
 
-/// Whether an element of a Window has the keyboard focus and is to be marked.
+/// Whether an element has the keyboard focus and is to be marked.
 bool shows_focus(const QWidget& element);
 
 /// The mark of the keyboard focus, so many pixels inside the box; opacity 0..255.

@@ -26,9 +26,6 @@ class Window : public QWidget {
     /// A display that places windows itself, as Wayland does, pays no heed.
     void center_on(const QRect& area);
 
-    /// Whether the element that has the keyboard focus is marked.
-    bool marks_focus() const { return marks_focus_; }
-
    protected:
     /// The window has become the program's active window: it was shown, or another window of the
     /// program was active before. Runs as an action of its own.
@@ -38,9 +35,6 @@ class Window : public QWidget {
     /// something. Runs as an action of its own, and not while a modal window is in front.
     virtual void close_requested() {}
 
-    /// From the next painting on.
-    void set_marks_focus(bool marks) { marks_focus_ = marks; }
-
     bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -49,7 +43,6 @@ class Window : public QWidget {
    private:
     void became_active();
 
-    bool marks_focus_ = true;
     QEventLoop* modal_loop_ = nullptr;  ///< while the window is shown modally
 };
 
