@@ -49,7 +49,16 @@ class X11(unittest.TestCase):
         game.does(
             "hand:mousemove,3,3 returns:main presses:mnuOm is_told_to_close:about closes:about "
             "goes_out:mnuOm is_told_to_close:main has_keyboard:farewell hand:key,Escape "
-            "is_told_to_close:farewell click:Stäng ends"
+            "catches_up is_told_to_close:farewell click:Stäng ends"
+        )
+
+    def test_keys_alone(self):
+        # The second Return presses butNästa, or the nest exit that is offered.
+        self.start().does(
+            "has_keyboard:start hand:key,Return closes:start has_keyboard:main find:main "
+            "notes:labMeddelande hand:key,space changes:labMeddelande notes:labMeddelande "
+            "hand:key,Tab,Shift+Tab,Return changes:labMeddelande hand:key,68 has_keyboard:start "
+            "hand:key,Return closes:start"
         )
 
     def test_a_start_window_that_was_never_seen_ends_the_program_too(self):

@@ -218,6 +218,9 @@ class Game:
         # A window that is given the keyboard lets go of a button that is held down.
         self.has_keyboard("start")
         self.does("click:Starta closes:start")
+        # The window's first row may be on the screen before its last.
+        ground, row, at = b"\x64\x96\xc8\xff", -18 * self.scale, 36 * self.scale
+        wait("all of the window", lambda: self.look("Picture1")[row][at : at + 4] == ground)
 
     def ends(self):
         """By itself, with no complaint."""
