@@ -166,7 +166,7 @@ Samples step() {
     Noise noise(22);
     Track track(sample_index(0.120));
     strike(track, board(), {0, 1, 0.0005}, noise);
-    strike(track, board(), {0.0135, 0.35, 0.0007, 0.4}, noise);
+    strike(track, board(), {0.0135, 0.26, 0.0007, 0.4}, noise);
     return finished(std::move(track), 0.11);
 }
 
@@ -191,7 +191,7 @@ Samples throw_of_the_die() {
     for (const Hit& hit : shaken) strike(track, cup, hit, noise);
     for (const Hit& hit : thrown) strike(track, board(), hit, noise);
     reflect(track);
-    return finished(std::move(track), 0.13);
+    return finished(std::move(track), 0.123);
 }
 
 void append_number(std::string& bytes, std::uint32_t value, int length) {
