@@ -191,7 +191,7 @@ Samples throw_of_the_die() {
     for (const Hit& hit : shaken) strike(track, cup, hit, noise);
     for (const Hit& hit : thrown) strike(track, board(), hit, noise);
     reflect(track);
-    return finished(std::move(track), 0.123);
+    return finished(std::move(track), 0.12);
 }
 
 void append_number(std::string& bytes, std::uint32_t value, int length) {
