@@ -5,7 +5,7 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
-#include <QFileInfo>
+#include <QFontMetrics>
 #include <QMenu>
 #include <QMetaEnum>
 #include <QTest>
@@ -83,28 +83,46 @@ inline void place(int player, const QString& squares) {
     Uppdatera_plus();
 }
 
+/// All texts of a window are readable in full inside their boxes.
+inline void expect_texts_to_fit(const QWidget& window) {
+    for (const QWidget* each : window.findChildren<QWidget*>()) {
+        const QString text =
+            each->property("text").toString() + each->property("plainText").toString();
+        const QRect box = each->rect().adjusted(0, 0, 0, 1);
+        const int wraps = each->property("wordWrap").toBool() ? Qt::TextWordWrap : 0;
+        const QRect needed = QFontMetrics(each->font()).boundingRect(box, wraps, text.trimmed());
+        const bool fits = text.isEmpty() || !each->isVisible() || box.contains(needed);
+        EXPECT_TRUE(fits) << qPrintable(text);
+    }
+}
+
 /// In spots of 6 by 6 pixels fonts look alike on all systems, drawings at other scales nearly
 /// so.
 inline bool look_alike(const QImage& one, const QImage& other) {
     if (one.size() != other.size()) return false;
+    const auto spots = [](const QImage& image) {
+        return image.scaled((image.size() + QSize(5, 5)) / 6, {}, Qt::SmoothTransformation);
+    };
+    const QImage a = spots(one), b = spots(other);
     const bool unscaled = qApp->devicePixelRatio() == 1;
-    const QSize size = (one.size() + QSize(5, 5)) / 6;
-    const QImage a = one.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    const QImage b = other.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     int differing = 0;
     for (qsizetype byte = 0; byte < a.sizeInBytes(); ++byte)
         if (std::abs(a.constBits()[byte] - b.constBits()[byte]) > (unscaled ? 8 : 24)) ++differing;
     return differing <= (unscaled ? 3 : 24);
 }
 
-/// Compares the window in front with the picture of this name.
+/// Looks whether texts fit in the window in front, and compares it with the picture of this name:
+/// only in our own typeface, and at other scales than 1 only with those that are named so.
 inline void look(const QString& name) {
+    expect_texts_to_fit(front());
+    if (name.contains("scale") != (qApp->devicePixelRatio() != 1)) return;
+    if (qEnvironmentVariableIsSet("FONTCONFIG_FILE")) return;
     const QImage seen = front().grab().toImage().convertToFormat(QImage::Format_RGB32);
     const QString folder = name.startsWith("docs/") ? "/" : "/tests/windows/pictures/";
     const QString file = BRUSBO_SOURCES + folder + name + ".png";
     if (look_alike(seen, QImage(file))) return;
     const bool approve = qEnvironmentVariableIsSet("BRUSBO_APPROVE");
-    const QString seen_file = approve ? file : BRUSBO_SEEN "/" + QFileInfo(file).fileName();
+    const QString seen_file = approve ? file : BRUSBO_SEEN + file.mid(file.lastIndexOf('/'));
     EXPECT_TRUE(seen.save(seen_file, "PNG", 0));
     EXPECT_TRUE(approve) << qPrintable(seen_file) << " is not " << qPrintable(file);
 }
@@ -113,7 +131,7 @@ inline void look(const QString& name) {
 /// other, each as soon as what came before has ended or waits in a modal window or a menu:
 ///
 ///   Pjäs(3)             a click on an element
-///   MFrm@320,5  +10,-5  a click at a place of it, so far from the latest place
+///   MFrm@320,5  @10,-5  a click at a place of it, so far from the latest place
 ///   4                   a throw
 ///   2=7,0,0,55          player 2's pieces are put on these squares
 ///   verb:object         see Stage::Stage and Stage::use_mouse
@@ -130,8 +148,6 @@ class Stage : public testing::Test {
         verbs["behind:"] = [](auto& keys) { use_keys(at("MFrm"), keys); };
         verbs["restore:"] = [](auto& window) { at(window).showNormal(); };
         verbs["close:"] = [](auto& window) { at(window).close(); };
-        // From elsewhere than the window system.
-        verbs["code:"] = [](auto& button) { dynamic_cast<QAbstractButton&>(at(button)).click(); };
         verbs["reader:"] = [](auto& button) {
             auto* const interface = QAccessible::queryAccessibleInterface(&at(button));
             interface->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
@@ -142,9 +158,9 @@ class Stage : public testing::Test {
         verbs["look:"] = look;
         // What is seen, for told.
         verbs["read:"] = [this](auto& name) {
-            const bool is_window = at(name).isWindow() && !name.isEmpty();
-            told += " '" + at(name).property(is_window ? "windowTitle" : "text").toString();
-            told += at(name).isEnabled() ? "'" : "'-";
+            const QWidget& read = at(name);
+            told += " '" + read.property(read.isWindow() ? "windowTitle" : "text").toString();
+            told += read.isEnabled() ? "'" : "'-";
         };
         verbs["names:"] = [this](auto& window) {  // as a screen reader tells them
             for (const QWidget* each : at(window).template findChildren<QWidget*>())
@@ -153,6 +169,7 @@ class Stage : public testing::Test {
         verbs["cursor:"] = [this](auto& name) {
             const auto shapes = QMetaEnum::fromType<Qt::CursorShape>();
             told += QString(" ") + shapes.valueToKey(at(name).cursor().shape());
+            told.chop(6);  // "Cursor"
         };
     }
 
@@ -199,13 +216,11 @@ class Stage : public testing::Test {
 
     std::map<QString, std::function<void(const QString& object)>> verbs;  ///< more of them
     std::unique_ptr<World> world;
-    QString told;             ///< what followed up to now
-    std::string latest_word;  ///< for messages
-    int end = -1;             ///< the exit code with which the program wanted to end
+    QString told;  ///< what followed up to now
+    int end = -1;  ///< the exit code with which the program wanted to end
 
    private:
     void perform(const QString& word) {
-        latest_word = word.toStdString();
         const auto button = word[0] == '~' ? Qt::RightButton : Qt::LeftButton;
         const QString deed = word.mid(word[0] == '~' ? 1 : 0);
         const QString verb = deed.left(deed.indexOf(':') + 1), object = deed.mid(verb.size());
@@ -226,16 +241,14 @@ class Stage : public testing::Test {
 
     /// The window, and the place in it.
     std::pair<QWidget*, QPointF> spot(const QString& object) const {
-        const auto point = [](const QString& pair) {
-            return QPointF(pair.section(',', 0, 0).toDouble(), pair.section(',', 1).toDouble());
-        };
+        const QString name = object.section('@', 0, 0), place = object.section('@', 1);
+        const QPointF point(place.section(',', 0, 0).toDouble(), place.section(',', 1).toDouble());
         QWidget& top = front();
-        if (object[0] == '+') return {&top, top.mapFromGlobal(pointer_ + point(object.mid(1)))};
-        if (auto* const item = top.findChild<QAction*>(object))
+        if (name.isEmpty()) return {&top, top.mapFromGlobal(pointer_ + point)};
+        if (auto* const item = top.findChild<QAction*>(name))
             return {&top, dynamic_cast<QMenu&>(top).actionGeometry(item).center()};
-        QWidget& element = at(object.section('@', 0, 0));
-        const QString place = object.section('@', 1);
-        const QPointF inside = place.isEmpty() ? element.rect().center() : point(place);
+        const QWidget& element = at(name);
+        const QPointF inside = place.isEmpty() ? element.rect().center() : point;
         return {element.window(), element.mapTo(element.window(), inside)};
     }
 
@@ -272,7 +285,7 @@ class Stage : public testing::Test {
         });
         const bool open = !InputGate::instance().closed();
         calm_ = open ? calm_ + 1 : 0;
-        if (++rounds_ > 100'000) qFatal("%s does not end", latest_word.data());
+        if (++rounds_ > 100'000) qFatal("no end of what follows:%s", qPrintable(told));
         if (word_.isEmpty()) word_ = next_word();
         if (!word_.startsWith('!') && calm_ < 4) return;
         if (open) note();

@@ -12,34 +12,39 @@ extern "C" __attribute__((weak)) std::size_t __sanitizer_get_current_allocated_b
 namespace brusbo::test {
 namespace {
 
+// While they can be clicked; a piece is anyone of the current player's.
+const QString sensible =
+    "Starta AntSpelare(1) AntSpelare(3) butNytt_spel butNytt_snabbt Klar Pjäs Tärning butEn_pjäs "
+    "butTvå_pjäser butNästa";
+// The @ stands for any place of a window.
+const QString wild =
+    "@ @ @ ~@ ~@ ~@ hover:@ hover:@ hover:@ twice:@ twice:@ twice:@ close: close: close: key:Esc "
+    "key:Tab key:F2 key:Return key:Space key:Down reader:mnuArkiv reader:mnuOm reader:Tärning";
+
 class Player : public Stage {
    protected:
     /// Does so many things, wild ones without waiting, and more until all is quiet.
-    void play_on(int count, bool wild) {
+    void play_on(int count, bool wildly) {
         left_ = count;
-        wild_ = wild;
+        wildly_ = wildly;
         play("");
         left_ = -1;
     }
 
     QString next_word() override {
         if (left_ < 0) return Stage::next_word();
-        const bool quiet = !InputGate::instance().closed() && shown("MFrm") &&
-                           QApplication::activeModalWidget() == nullptr &&
+        const bool quiet = !InputGate::instance().closed() && takes_input(at("MFrm")) &&
                            QApplication::activePopupWidget() == nullptr;
         if (quiet && left_ == 0) return {};
         left_ = std::max(left_ - 1, 0);
-        // In home lanes nobody meets anybody, and games end soon.
-        if (quiet && Tärning_enabled && below(20) == 0) bring_an_end_near();
-        if (!wild_) return sensible_word();
+        // In home lanes nobody meets anybody. There the wild games end soon, the others never.
+        if (quiet && Tärning_enabled && below(20) == 0) {
+            Har_flyttat = true;
+            for (int player = 1; player <= Antal_spelare; ++player)
+                place(player, wildly_ ? QString("55,%1,55,44").arg(40 + player % 2) : "0,0,0,0");
+        }
+        if (!wildly_) return sensible_word();
         return "!" + (left_ > 0 && below(3) == 0 ? wild_word() : sensible_word());
-    }
-
-    /// Or in the quiet game never; in home lanes nobody meets anybody.
-    void bring_an_end_near() {
-        Har_flyttat = true;
-        for (int player = 1; player <= Antal_spelare; ++player)
-            place(player, wild_ ? QString("55,%1,55,44").arg(40 + player % 2) : "0,0,0,0");
     }
 
     void note() override {
@@ -51,16 +56,14 @@ class Player : public Stage {
     int below(qsizetype count) {
         return static_cast<int>(generator_() % static_cast<std::size_t>(count));
     }
-    QString one_of(const QStringList& choices) { return choices[below(choices.size())]; }
+    QString one_of(const QStringList& words) { return words[below(words.size())]; }
 
     QString sensible_word() {
         if (at("MFrm").isMinimized()) return "restore:MFrm";
         if (QApplication::activePopupWidget() != nullptr)
             return one_of({"mnuNytt_spel", "mnuNytt_snabbt", "key:Esc"});
-        const QString piece = numbered("Pjäs", 4 * Aktuell_spelare - 1 - below(4));
-        QStringList offered = {"Starta",   "AntSpelare(1)", "AntSpelare(3)", "butNytt_spel",
-                               "Klar",     "Tärning",       "butEn_pjäs",    "butNytt_snabbt",
-                               "butNästa", piece,           "butTvå_pjäser"};
+        QStringList offered = sensible.split(' ');
+        offered.replaceInStrings("Pjäs", numbered("Pjäs", 4 * Aktuell_spelare - 1 - below(4)));
         offered.removeIf([](const QString& name) {
             return !shown(name) || !at(name).isEnabled() || !takes_input(at(name));
         });
@@ -68,21 +71,18 @@ class Player : public Stage {
     }
 
     QString wild_word() {
-        const QString verb = one_of({"", "~", "hover:", "twice:", "reader:", "key:", "close:"});
-        if (verb == "key:") return verb + one_of({"Esc", "Tab", "F2", "Return", "Space", "Down"});
-        if (verb == "reader:") return verb + one_of({"mnuArkiv", "mnuOm", "Tärning", "butNästa"});
         QStringList windows = {"MFrm", "MFrm"};
         for (const QString& name : window_names)
             if (shown(name)) windows += name;
         const QString top = one_of(windows);
-        if (verb == "close:") return takes_input(at(top)) ? verb + top : "hover:" + top;
         const int x = below(at(top).width() + 9) - 4, y = below(at(top).height());
-        return verb + top + QString("@%1,%2").arg(x).arg(y);
+        const QString place = top + QString("@%1,%2").arg(x).arg(y);
+        return one_of(wild.split(' ')).replace("@", place);
     }
 
     std::mt19937 generator_{20261122};
     int left_ = -1;
-    bool wild_ = false, won_ = false;
+    bool wildly_ = false, won_ = false;
 };
 
 TEST_F(Player, BreaksNothing) {
