@@ -13,6 +13,8 @@ from subprocess import DEVNULL
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
 DATA = SOURCE / "assets/data"
 PROGRAM = os.environ.get("BRUSBO_PROGRAM", SOURCE / "build/release/bin/brusbo")
+# What the command line takes.
+NOTHING = "-platform offscreen -style x -stylesheet x -reverse -geometry 9x9+9+9".split()
 # By what a window is found: left, top and width of its first long row of one colour.
 ROWS = {
     "start": (62, 260, 67, b"\xc0\xe0\xff\xff"),
@@ -20,7 +22,7 @@ ROWS = {
     "menu": (14, 28, 16, b"\x96\x96\x96\xff"),  # its place is the main window's
     "about": (58, 322, 67, b"\xc0\xe0\xff\xff"),
     "farewell": (2, 2, 308, b"\xd6\xd6\xd6\xff"),
-    "grown farewell": (2, 2, 348, b"\xd6\xd6\xd6\xff"),
+    "grown": (2, 2, 348, b"\xd6\xd6\xd6\xff"),  # the same
 }
 SIZES = {"start": (188, 305), "main": (570, 416), "about": (188, 378), "farewell": (312, 212)}
 # What is looked at or touched: window, left, top, width, height.
@@ -39,7 +41,6 @@ PLACES = {
     "Klar": ("about", 56, 320, 71, 33),
     "Stäng": ("farewell", 236, 178, 65, 25),
     "corner": ("farewell", 308, 208, 4, 4),
-    "grown": ("grown farewell", 348, 238, 4, 4),
 }
 
 
@@ -107,10 +108,10 @@ class Desktop(contextlib.ExitStack):
 class Game:
     """The program, started where its data is."""
 
-    def __init__(self, desktop, *arguments, command=(PROGRAM,), scale=1, folder=DATA, **more):
+    def __init__(self, desktop, command=(PROGRAM,), scale=1, folder=DATA, **more):
         self.desktop, self.hand, self.scale = desktop, desktop.hand, scale
         desktop.environment["QT_SCALE_FACTOR"] = str(scale)
-        self.process = desktop.start(*command, *arguments, cwd=folder, **more)
+        self.process = desktop.start(*command, *NOTHING, cwd=folder, **more)
 
     def does(self, words):
         """One thing after the other, each a method and what it is given: `click:Klar`."""
@@ -197,21 +198,15 @@ class Game:
         self.desktop.move(*self.middle("labMeddelande"))
         self.goes_out("mnuOm")
 
-    def drags(self, name, x, y, button=1, follower=None):
-        """Holds a button of the mouse down there and moves it so far, until that is followed."""
+    def drags(self, name, x, y, button=1, result=None):
+        """Holds a button of the mouse down there and moves it so far, until that is followed, or
+        the window is seen that results from it."""
         left, top = self.middle(name)
         self.desktop.reach(left, top)
         self.hand("mousedown", button)
         end, move = (left + int(x), top + int(y)), self.desktop.move
-
-        def has_followed():
-            move(*end)
-            if follower is None:
-                return self.middle(name) == end
-            # What lies between two logical pixels may be one off.
-            return self.sees(PLACES[follower][0]) and math.dist(self.middle(follower), end) < 2
-
-        wait(f"{name} to follow the mouse", has_followed)
+        follows = lambda: self.sees(result) if result else self.middle(name) == end
+        wait(f"{name} to follow the mouse", lambda: [move(*end)] and follows())
         self.hand("mouseup", button)
 
     def begins(self):
