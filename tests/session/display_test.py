@@ -55,8 +55,8 @@ class X11(unittest.TestCase):
         # The second Return presses butNästa, or the nest exit that is offered.
         self.start().does(
             "has_keyboard:start hand:key,Return closes:start has_keyboard:main find:main "
-            "notes:labMeddelande hand:key,space changes:labMeddelande notes:labMeddelande "
-            "hand:key,Shift+Tab,Tab,Return changes:labMeddelande hand:key,68 has_keyboard:start "
+            "notes:labMeddelande hand:key,space changes:labMeddelande notes:butEn_pjäs "
+            "hand:key,Shift+Tab,Tab,Return changes:butEn_pjäs hand:key,68 has_keyboard:start "
             "hand:key,Return closes:start"
         )
 
