@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
 #include <QFontMetrics>
@@ -91,19 +90,17 @@ inline void expect_texts_to_fit(const QWidget& window) {
         const QRect box = each->rect().adjusted(0, 0, 0, 1);
         const int wraps = each->property("wordWrap").toBool() ? Qt::TextWordWrap : 0;
         const QRect needed = QFontMetrics(each->font()).boundingRect(box, wraps, text.trimmed());
-        const bool fits = text.isEmpty() || !each->isVisible() || box.contains(needed);
-        EXPECT_TRUE(fits) << qPrintable(text);
+        EXPECT_TRUE(text.isEmpty() || !each->isVisible() || box.contains(needed))
+            << qPrintable(text);
     }
 }
 
-/// In spots of 6 by 6 pixels fonts look alike on all systems, drawings at other scales nearly
-/// so.
+/// In spots of 6 by 6 pixels fonts look alike on all systems, drawings at other scales nearly.
 inline bool look_alike(const QImage& one, const QImage& other) {
     if (one.size() != other.size()) return false;
-    const auto spots = [](const QImage& image) {
-        return image.scaled((image.size() + QSize(5, 5)) / 6, {}, Qt::SmoothTransformation);
-    };
-    const QImage a = spots(one), b = spots(other);
+    const QSize spots = (one.size() + QSize(5, 5)) / 6;
+    const QImage a = one.scaled(spots, {}, Qt::SmoothTransformation);
+    const QImage b = other.scaled(spots, {}, Qt::SmoothTransformation);
     const bool unscaled = qApp->devicePixelRatio() == 1;
     int differing = 0;
     for (qsizetype byte = 0; byte < a.sizeInBytes(); ++byte)
@@ -319,9 +316,8 @@ class Stage : public testing::Test {
         if (QApplication::activePopupWidget() != nullptr) windows += "menu";
         static std::map<QString, QImage> unlit;
         for (const QString name : {"mnuArkiv", "mnuOm", "butMini", "butAvsluta"}) {
-            if (!find(name)) continue;
-            const QImage now = at(name).grab().toImage();
-            if (unlit.emplace(name, now).first->second != now) lit += name;
+            const QImage now = find(name) ? at(name).grab().toImage() : QImage();
+            if (!now.isNull() && unlit.emplace(name, now).first->second != now) lit += name;
         }
         QStringList facts = {"[" + windows + "]",
                              "lit:" + lit,
@@ -338,8 +334,7 @@ class Stage : public testing::Test {
                 facts.back() += QString(",%1").arg(number);
         }
         for (int p = 1; p <= most_players; ++p)
-            facts +=
-                QString("%1=%2").arg(p).arg(QString::fromStdString(squares(p)).replace(' ', ','));
+            facts += QString("%1=").arg(p) + QString(squares(p).data()).replace(' ', ',');
         return facts;
     }
 

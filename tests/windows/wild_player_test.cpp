@@ -71,10 +71,7 @@ class Player : public Stage {
     }
 
     QString wild_word() {
-        QStringList windows = {"MFrm", "MFrm"};
-        for (const QString& name : window_names)
-            if (shown(name)) windows += name;
-        const QString top = one_of(windows);
+        const QString top = below(2) == 0 ? "MFrm" : front().objectName();
         const int x = below(at(top).width() + 9) - 4, y = below(at(top).height());
         const QString place = top + QString("@%1,%2").arg(x).arg(y);
         return one_of(wild.split(' ')).replace("@", place);
