@@ -153,7 +153,8 @@ class Game:
         wait(f"the same {name}", lambda: (self.place(name), self.look(name)) == self.noted)
 
     def click(self, name, button=1):
-        self.does(f"reaches:{name} hand:click:{button}")
+        self.reaches(name)
+        self.hand("click", button)
 
     def throws(self):
         self.does("notes:labMeddelande click:Tärning changes:labMeddelande")
