@@ -159,9 +159,14 @@ class Stage : public testing::Test {
             told += " '" + read.property(read.isWindow() ? "windowTitle" : "text").toString();
             told += read.isEnabled() ? "'" : "'-";
         };
-        verbs["names:"] = [this](auto& window) {  // as a screen reader tells them
-            for (const QWidget* each : at(window).template findChildren<QWidget*>())
-                if (!each->accessibleName().isEmpty()) told += "\n" + each->accessibleName();
+        verbs["tells:"] = [this](auto& window) {  // of each element: tool tip, name, place
+            for (const QWidget* each : at(window).template findChildren<QWidget*>()) {
+                const QRect box = each->geometry();
+                if (each->accessibleName().isEmpty()) continue;
+                told += "\n" + each->toolTip() + "|" + each->accessibleName();
+                for (const int number : {box.x(), box.y(), box.width(), box.height()})
+                    told += QString("|%1").arg(number);
+            }
         };
         verbs["cursor:"] = [this](auto& name) {
             const auto shapes = QMetaEnum::fromType<Qt::CursorShape>();
