@@ -194,7 +194,7 @@ TEST_F(Manners, OfChance) {
     }
     for (const int each : times) EXPECT_NEAR(each, 100, 40);
     const int before = QTime::currentTime().msecsSinceStartOfDay();
-    EXPECT_LT(std::fmod(world->time_of_day() + 86'400 - before / 1000, 86'400), 60);
+    EXPECT_LT(std::fmod(world->time_of_day() + 86'400 - before / 1000.0, 86'400), 60);
 }
 
 }  // namespace

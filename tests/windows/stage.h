@@ -186,7 +186,7 @@ class Stage : public testing::Test {
         world->at_pause = [this](int number) { perform_in_pause(number); };
         QTimer::singleShot(0, &ticker_, [this] { world->Main(); });
         home_ = {};
-        const QString followed = play(words);
+        QString followed = play(words);
         if (shown("MFrm")) home_ = at("MFrm").geometry().topLeft();
         return followed;
     }
