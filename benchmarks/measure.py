@@ -101,7 +101,7 @@ def start(runs=41):
         with Desktop() as desktop:
             game = Game(desktop)
             x, y, width, _ = game.place("Starta")
-            game.point("Starta")
+            game.hand("mousemove", *game.middle("Starta"))
             begin = time.monotonic()
             hand = subprocess.Popen(["xdotool", "click", "1"], env=desktop.environment)
             shown = changes(desktop, (x + width + 100, y - 160, 40, 80), 0.1)
@@ -127,8 +127,8 @@ def mouse(runs=21, movements=100):
         game = Game(desktop)
         game.begins()
         places = [game.middle(name) for name in ("mnuArkiv", "mnuOm", "butMini", "butAvsluta")]
-        x, y, *_ = game.place("all")
-        away = ("mousemove", *game.middle("bare board"))
+        x, y, *_ = game.place("main")
+        away = ("mousemove", *game.middle("labMeddelande"))
         path = [word for i in range(movements) for word in ("mousemove", *places[i % 4])]
         for _ in range(runs):
             begin = time.monotonic()
@@ -138,8 +138,8 @@ def mouse(runs=21, movements=100):
             hovers.append((seen[-1] - begin) * 1000)
             hand.wait()
         for run in range(runs):
-            x, y = game.middle("title bar")
-            left, top, *_ = game.place("all")
+            x, y = game.middle("Namnlist")
+            left, top, *_ = game.place("main")
             by = 100 if run % 2 == 0 else -100
             steps = [("mousemove", x + by * i // movements, y) for i in range(movements + 1)]
             words = [word for step in steps for word in step]
@@ -223,10 +223,10 @@ def pace(throws=50):
         with Desktop() as desktop:
             game = Game(desktop)
             game.begins()
-            x, y, *_ = game.place("all")
+            x, y, *_ = game.place("main")
             for click, area in (
-                ("die", (x + 32, y + 164, 132, 50)),
-                ("butEn_pjäs", game.place("board")),
+                ("Tärning", (x + 32, y + 164, 132, 50)),
+                ("butEn_pjäs", game.place("Picture1")),
             ):
                 place = game.middle(click)
                 hand = ["xdotool", *map(str, ("mousemove", *place, "click", 1))]

@@ -7,9 +7,10 @@ set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "board game in Swedish for two to four people")
 set(CPACK_PACKAGE_DESCRIPTION
 "Brusbo is a board game for two to four people who share one computer and
-take turns at the mouse. Each player brings four pieces out of the nest,
-once round the ring of forty squares and up the home lane to the goal in
-the middle of the board, and knocks the others' pieces home on the way.
+take turns at the mouse or the keyboard. Each player brings four pieces out
+of the nest, once round the ring of forty squares and up the home lane to
+the goal in the middle of the board, and knocks the others' pieces home on
+the way.
 .
 All texts that the players see are in Swedish.")
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR})

@@ -57,7 +57,7 @@ void Program::beep() { QApplication::beep(); }
 
 void Program::show_Grattis() {
     Grattis_ = std::make_unique<Grattis>();
-    Grattis_->center_on(MFrm_->frameGeometry());
+    Grattis_->center_on(MFrm_->geometry());
     Grattis_->show_modal();
     // The click that closed the window may still be on its way through its button.
     Grattis_.release()->deleteLater();
@@ -80,7 +80,7 @@ void Program::show_frmOm() {
 void Program::show_Slut() {
     if (!Slut_) {
         Slut_ = std::make_unique<Slut>();
-        Slut_->center_on(MFrm_->frameGeometry());
+        Slut_->center_on(MFrm_->geometry());
     }
     Slut_->show_active();
 }

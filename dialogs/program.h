@@ -10,6 +10,7 @@
 #include "mainwindow/mfrm.h"
 #include "mainwindow/mfrm_screen.h"
 #include "platform/input_gate.h"
+#include "platform/keyboard.h"
 #include "platform/random.h"
 #include "platform/sound.h"
 
@@ -41,6 +42,7 @@ class Program : public Services, public OtherWindows {
     void load_MFrm();
 
     InputGate gate_;
+    Keyboard keyboard_;
     Random random_;
     Sound sound_;
     std::unique_ptr<Startfrm> Startfrm_;

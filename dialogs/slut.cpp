@@ -1,5 +1,6 @@
 #include "dialogs/slut.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPlainTextEdit>
@@ -28,6 +29,8 @@ constexpr char farewell[] =
     "Adressen är https://brusbo.example.org\r\n"
     "Välkommen åter!\r\n";
 
+}  // namespace
+
 /// The box of the farewell text, which neither scrolls nor can be changed.
 class TextBox : public QPlainTextEdit {
    public:
@@ -46,18 +49,23 @@ class TextBox : public QPlainTextEdit {
         const QString text = QString::fromUtf8(lines);
         const QSize room = contentsRect().size() - QSize(2 * margin, 2 * margin);
         setFont(fitted(Font::regular, text, room, true));
-        QPalette colours = palette();
-        colours.setColor(QPalette::Base, parent->palette().color(QPalette::Window));
-        setPalette(colours);
+        QPalette ground = palette();
+        ground.setColor(QPalette::Base, parent->palette().color(QPalette::Window));
+        setPalette(ground);
         setPlainText(text);
     }
 
    protected:
+    /// Only takes what copies the text; other keys would scroll.
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->matches(QKeySequence::Copy) || event->matches(QKeySequence::SelectAll))
+            QPlainTextEdit::keyPressEvent(event);
+        else
+            event->ignore();
+    }
     /// Neither scrolls nor, with Ctrl, makes the text larger or smaller.
     void wheelEvent(QWheelEvent* event) override { event->accept(); }
 };
-
-}  // namespace
 
 /// The farewell window's table.
 struct Slut::Elements {
@@ -68,8 +76,8 @@ struct Slut::Elements {
     TextBox& Text = *new TextBox(window, {"Text", {14, 54, 283, 111}, "Avskedstext"}, farewell);
     Label& Label2 = *new Label(window, {"Label2", {10, 180, 187, 17}, "Tryck sedan på stäng!"},
                                {Font::large_bold}, "Tryck sedan på stäng!");
-    CommandButton& Stäng = *new CommandButton(window, {"Stäng", {236, 178, 65, 25}, "Stäng"},
-                                              "Stäng", window->palette().color(QPalette::Button));
+    CommandButton& Stäng =
+        *new CommandButton(window, {"Stäng", {236, 178, 65, 25}, "Stäng"}, "Stäng", QColor());
 };
 
 Slut::Slut() : Window("Slut", "", Qt::Window | Qt::FramelessWindowHint, {312, 212}) {

@@ -1,6 +1,7 @@
 #include "dialogs/startfrm.h"
 
 #include <QEventLoop>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QTimer>
 #include <utility>
@@ -8,6 +9,7 @@
 #include "engine/engine.h"
 #include "platform/elements.h"
 #include "platform/ending.h"
+#include "platform/keyboard.h"
 
 namespace brusbo {
 
@@ -63,6 +65,8 @@ Startfrm::Startfrm(MainWindow main_window)
         elements_->Sound, [this] { Sound_Click(); });
     on_click(elements_->Starta, [this] { Starta_Click(); });
 
+    for (std::size_t players = 2; players <= most_players; ++players)
+        elements_->AntSpelare[players - 1]->setToolTip(QStringLiteral("%1 spelare").arg(players));
     elements_->AntSpelare[0]->setEnabled(false);
     elements_->AntSpelare[1]->setChecked(true);
     elements_->Namn[2]->setEnabled(false);
@@ -119,9 +123,20 @@ void Startfrm::wait_until_painted() {
     painted_ = {};
 }
 
+void Startfrm::keyPressEvent(QKeyEvent* event) {
+    if (is_return(*event))
+        elements_->Starta.click();
+    else
+        Window::keyPressEvent(event);
+}
+
 void Startfrm::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     paint_picture(painter, background, {0, 0});
+    // The picture reaches beyond this window, at whose end the foot of its frame is painted again.
+    constexpr int frame = 5;
+    painter.setClipRect(0, height() - frame, width(), frame);
+    paint_picture(painter, background, {0, height() - picture_size(background).height()});
     if (painted_) painted_();
 }
 

@@ -37,6 +37,8 @@ class Startfrm : public Window {
    protected:
     void Form_Activate() override;
     void close_requested() override { Form_Unload(); }
+    /// Return starts the game from every element.
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
    private:

@@ -15,19 +15,14 @@ namespace {
 
 /// Whether a click on the piece makes a move; tells the player when something stands in the way.
 bool accepts_click(std::int16_t Index) {
+    if (can_move(Index)) return true;
     if (Vilken_pjäs(Index) != Aktuell_spelare) return false;
-    const std::int16_t piece = Pjäsen(Index);
-    if (Spelare[Aktuell_spelare].Ruta[piece] == square_nest) {
+    if (Spelare[Aktuell_spelare].Ruta[Pjäsen(Index)] == square_nest)
         services().beep();
-        return false;
-    }
-    if (Har_flyttat) return false;
-    if (Pjäs_står_i_vägen(piece)) {
+    else if (!Har_flyttat)
         Med("Du kan inte flytta pjäsen, en av dina egna pjäser står i vägen, flytta först den "
             "spelpjäsen.");
-        return false;
-    }
-    return true;
+    return false;
 }
 
 void bounce(std::int16_t piece) {
@@ -95,6 +90,13 @@ void Pjäs_Click(std::int16_t Index) {
         end_move();
     }
     show_finished_count();
+}
+
+bool can_move(std::int16_t Index) {
+    if (Vilken_pjäs(Index) != Aktuell_spelare || !Pjäs_visible[Index]) return false;
+    const std::int16_t piece = Pjäsen(Index);
+    return Spelare[Aktuell_spelare].Ruta[piece] != square_nest && !Har_flyttat &&
+           !Pjäs_står_i_vägen(piece);
 }
 
 void Flytta(std::int16_t VPjäs, std::int16_t antSteg) { walk(VPjäs, antSteg, +1); }

@@ -32,11 +32,22 @@ class MFrm : public Window {
    protected:
     void Form_Activate() override;
     void close_requested() override;
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
    private:
     void connect_clicks();
+
+    /// What a click would do something to now, in tab order.
+    std::vector<QAbstractButton*> clickable() const;
+    /// The handler of an action that changes what is clickable; while it runs nothing is.
+    InputGate::Function settled(InputGate::Function handler);
+    /// Nothing keeps the focus that is not clickable; where it is not marked `butNästa` alone does.
+    void settle();
+    /// A hand over what is clickable, an arrow elsewhere.
+    void show_hand();
 
     void mnuArkiv_Click();
     void mnuOm_Click();

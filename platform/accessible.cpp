@@ -26,6 +26,7 @@ class AccessibleButton : public QAccessibleWidget {
 
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
+        state.focusable = true;
         state.checkable = button()->isCheckable();
         state.checked = button()->isChecked();
         state.pressed = button()->isDown();

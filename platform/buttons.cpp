@@ -1,13 +1,35 @@
 #include "platform/buttons.h"
 
 #include <QKeyEvent>
+#include <QLinearGradient>
 #include <QPainter>
+
+#include "platform/keyboard.h"
 
 namespace brusbo {
 
 namespace {
 
 constexpr QRgb black = 0xFF000000;
+
+/// A face of the picture buttons' family: rounded corners, a brown rim, lit from above, or from
+/// below while pressed in.
+void paint_rounded_face(QPainter& painter, const QRectF& box, QColor face, bool pressed) {
+    const QColor light = face.lighter(118);
+    const double rim_and_light = 2 / box.height();
+    QLinearGradient relief(box.topLeft(), box.bottomLeft());
+    if (pressed) relief = QLinearGradient(box.bottomLeft(), box.topLeft());
+    relief.setStops({{0, light},
+                     {rim_and_light - 0.001, light},
+                     {rim_and_light, face},
+                     {0.5, face},
+                     {1, face.darker(118)}});
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(0x6B, 0x41, 0x19), 1));
+    painter.setBrush(relief);
+    painter.drawRoundedRect(box.adjusted(0.5, 0.5, -0.5, -0.5), 3.5, 3.5);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+}
 
 /// Fills the rectangle like a button's face: lit from the top left, the other way while pressed in.
 void paint_face(QPainter& painter, const QRect& box, QColor face, bool pressed) {
@@ -24,14 +46,6 @@ void paint_face(QPainter& painter, const QRect& box, QColor face, bool pressed) 
     edge(box, face.darker(260), face.darker(260));
 }
 
-/// The mark of the keyboard focus, so many pixels inside the box.
-void paint_focus(QPainter& painter, const QRect& box, int inside, int opacity = 150) {
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(QColor(0, 0, 0, opacity), 1, Qt::DotLine));
-    const QRect mark = box.adjusted(inside, inside, -inside - 1, -inside - 1);
-    painter.drawRect(QRectF(mark).translated(0.5, 0.5));
-}
-
 /// The text of a button, on one line inside its border.
 void set_caption(QAbstractButton& button, const char* text, Font font) {
     button.setText(QString::fromUtf8(text));
@@ -44,6 +58,15 @@ void on_click(QAbstractButton& button, InputGate::Function handler) {
     QObject::connect(
         &button, &QAbstractButton::clicked, &button,
         [handler = std::move(handler)] { InputGate::instance().run(handler); });
+}
+
+bool shows_focus(const QWidget& element) { return element.hasFocus() && Keyboard::marks_focus(); }
+
+void paint_focus(QPainter& painter, const QRect& box, int inside, int opacity) {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(QColor(0, 0, 0, opacity), 1, Qt::DotLine));
+    const QRect mark = box.adjusted(inside, inside, -inside - 1, -inside - 1);
+    painter.drawRect(QRectF(mark).translated(0.5, 0.5));
 }
 
 LabelButton::LabelButton(QWidget* parent, const ElementLook& look, const char* text, QColor face)
@@ -59,6 +82,7 @@ void LabelButton::paintEvent(QPaintEvent*) {
     painter.fillRect(rect().adjusted(1, 1, -1, -1), isDown() ? face_.darker(112) : face_);
     painter.setPen(black);
     painter.drawText(rect(), Qt::AlignCenter, text());
+    if (shows_focus(*this)) paint_focus(painter, rect(), 2);
 }
 
 CommandButton::CommandButton(QWidget* parent, const ElementLook& look, const char* text,
@@ -76,15 +100,17 @@ void CommandButton::set_face(QColor face) {
 
 void CommandButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paint_face(painter, rect(), face_, isDown());
+    if (face_.isValid())
+        paint_rounded_face(painter, rect(), face_, isDown());
+    else
+        paint_face(painter, rect(), palette().color(QPalette::Button), isDown());
     painter.setPen(black);
     painter.drawText(isDown() ? rect().translated(1, 1) : rect(), Qt::AlignCenter, text());
-    if (hasFocus()) paint_focus(painter, rect(), 3);
+    if (shows_focus(*this)) paint_focus(painter, rect(), 3);
 }
 
 void CommandButton::keyPressEvent(QKeyEvent* event) {
-    const bool return_key = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (return_key && !event->isAutoRepeat())
+    if (is_return(*event))
         click();
     else
         QAbstractButton::keyPressEvent(event);
@@ -111,7 +137,7 @@ void OptionButton::paintEvent(QPaintEvent*) {
         painter.drawEllipse(middle, 3.0, 3.0);
         painter.setRenderHint(QPainter::Antialiasing, false);
     }
-    if (hasFocus()) paint_focus(painter, rect(), 2, 170);
+    if (shows_focus(*this)) paint_focus(painter, rect(), 2, 170);
 }
 
 CheckBox::CheckBox(QWidget* parent, const ElementLook& look) : QCheckBox(parent) {
@@ -132,7 +158,7 @@ void CheckBox::paintEvent(QPaintEvent*) {
             QPolygonF({{w * 0.25, h * 0.52}, {w * 0.43, h * 0.72}, {w * 0.76, h * 0.3}}));
         painter.setRenderHint(QPainter::Antialiasing, false);
     }
-    if (hasFocus()) paint_focus(painter, rect(), 1);
+    if (shows_focus(*this)) paint_focus(painter, rect(), 1);
 }
 
 }  // namespace brusbo

@@ -13,6 +13,12 @@ namespace brusbo {
 /// Runs a handler for each click on a button, as an action of its own.
 void on_click(QAbstractButton& button, InputGate::Function handler);
 
+/// Whether an element has the keyboard focus and is to be marked.
+bool shows_focus(const QWidget& element);
+
+/// The mark of the keyboard focus, so many pixels inside the box; opacity 0..255.
+void paint_focus(QPainter& painter, const QRect& box, int inside, int opacity = 150);
+
 /// A flat label with a border that is clicked like a button.
 class LabelButton : public QAbstractButton {
    public:
@@ -25,7 +31,8 @@ class LabelButton : public QAbstractButton {
     QColor face_;
 };
 
-/// A command button with a coloured face, pressed by mouse, blank or return.
+/// A command button, pressed by mouse, blank or return. Its face is coloured and rounded, or, of no
+/// valid colour, that of the system's standard button.
 class CommandButton : public QAbstractButton {
    public:
     CommandButton(QWidget* parent, const ElementLook& look, const char* text, QColor face,

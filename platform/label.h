@@ -8,6 +8,7 @@
 namespace brusbo {
 
 /// A transparent label. Its text is always plain; it wraps or shrinks to stay inside the box.
+/// Bright letters have a dark halo.
 class Label : public QLabel {
    public:
     struct Look {
@@ -31,6 +32,10 @@ class Label : public QLabel {
     void mousePressEvent(QMouseEvent* event) override;
 
    private:
+    class Halo;
+
+    void paint_text(QPainter& painter, QColor colour, QPoint aside) const;
+
     Look look_;
     QString accessible_;  ///< while there is no text
     QString shown_;

@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+#include "platform/buttons.h"
+
 namespace brusbo {
 
 void PictureHolder::set_picture(Picture picture) {
@@ -39,6 +41,17 @@ PictureButton::PictureButton(QWidget* parent, const ElementLook& look,
     : QAbstractButton(parent), PictureHolder(*this, picture) {
     setFocusPolicy(Qt::NoFocus);
     set_up(*this, look);
+}
+
+void PictureButton::paintEvent(QPaintEvent*) {
+    paint(Qt::black);
+    if (!shows_focus(*this)) return;
+    // To be seen on every picture.
+    QPainter painter(this);
+    painter.setPen(Qt::white);
+    painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+    constexpr int opaque = 255;
+    paint_focus(painter, rect(), 0, opaque);
 }
 
 }  // namespace brusbo

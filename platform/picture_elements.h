@@ -39,13 +39,14 @@ class Image : public QWidget, public PictureHolder {
 /// The separator lines `imgLinje` of a window, by their index; left and top in pixels.
 std::vector<Image*> separators(QWidget* parent, const std::vector<QPoint>& places);
 
-/// A picture that can be clicked; black while it has none.
+/// A picture that can be clicked; black while it has none. The keyboard focus comes to it only by
+/// setFocus().
 class PictureButton : public QAbstractButton, public PictureHolder {
    public:
     PictureButton(QWidget* parent, const ElementLook& look, std::optional<Picture> picture = {});
 
    protected:
-    void paintEvent(QPaintEvent*) override { paint(Qt::black); }
+    void paintEvent(QPaintEvent* event) override;
 };
 
 }  // namespace brusbo

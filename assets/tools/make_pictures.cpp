@@ -12,8 +12,10 @@
 
 namespace {
 
-// Pixels at least this much covered are kept where a picture has no half-transparent pixels.
+// Pixels at least this much covered are kept where a picture has no half-transparent pixels; fewer
+// are lost where the matte is about the ground that the picture stands on.
 constexpr int least_kept_alpha = 110;
+constexpr int least_kept_alpha_on_panel = 40;
 constexpr int icon_master_side = 96;
 
 QImage rendered(const QString& path, QRect region, double ratio = 1) {
@@ -26,13 +28,14 @@ QImage rendered(const QString& path, QRect region, double ratio = 1) {
 }
 
 /// Soft edges are mixed with the matte and cut: a pixel of a GIF is there or not.
-QImage hard_edged(const QImage& soft, QRgb matte) {
+QImage hard_edged(const QImage& soft, std::uint32_t matte) {
+    const int least = matte == brusbo::panel_matte ? least_kept_alpha_on_panel : least_kept_alpha;
     QImage image(soft.size(), QImage::Format_ARGB32);
-    image.fill(matte);
+    image.fill(0xFF000000U | matte);
     QPainter(&image).drawImage(0, 0, soft);
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
-            if (qAlpha(soft.pixel(x, y)) < least_kept_alpha) image.setPixel(x, y, 0);
+            if (qAlpha(soft.pixel(x, y)) < least) image.setPixel(x, y, 0);
     return image;
 }
 
@@ -46,7 +49,7 @@ void write(const QImage& image, const QString& path) {
     magick.setProcessChannelMode(QProcess::ForwardedChannels);
     // A palette of 255 colours leaves one entry for transparency. Dithering would roughen the wood.
     magick.start(newer ? "magick" : "convert",
-                 {"png:-", "+dither", "-treedepth", "6", "-colors", "255", path});
+                 {"png:-", "+dither", "-treedepth", "8", "-colors", "255", path});
     const bool sent = magick.waitForStarted() && image.save(&magick, "PNG");
     magick.closeWriteChannel();
     if (!sent || !magick.waitForFinished() || magick.exitCode() != 0)
@@ -64,7 +67,7 @@ int main(int argc, char** argv) {
     for (const brusbo::PictureEntry& e : brusbo::picture_list) {
         const QRect region(e.x, e.y, e.width, e.height);
         const QImage soft = rendered(folder + "/masters/" + e.master, region);
-        write(hard_edged(soft, 0xFF000000U | e.matte), output + "/pictures/" + e.name);
+        write(hard_edged(soft, e.matte), output + "/pictures/" + e.name);
     }
     for (const int side : brusbo::all_icon_sides) {
         const QRect region(0, 0, icon_master_side, icon_master_side);

@@ -8,6 +8,7 @@
 #include <fstream>
 #include <numbers>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -38,35 +39,59 @@ class Noise {
     std::uint32_t state_;
 };
 
-// One way in which a struck body rings.
+// One way in which a struck body rings; it is the body's own, however it is struck.
 struct Mode {
     double hertz;
     double decay;  // seconds until the amplitude has fallen to 1/e
     double amplitude;
 };
 
-struct Knock {
-    std::vector<Mode> modes;
-    double contact;  // seconds during which the bodies touch: shorter sounds harder
-    double contact_amplitude;
+struct Hit {
+    double at;  // seconds
+    double loudness;
+    double contact;    // seconds during which the bodies touch: shorter sounds harder
+    double place = 0;  // part by which its place makes a mode stronger or weaker, at most
 };
 
-// Adds the knock, starting at `at` seconds; what would lie beyond the end of the track is dropped.
-void strike(Track& track, double at, const Knock& knock, double loudness, double pitch,
-            Noise& noise) {
-    const std::size_t start = sample_index(at);
-    double smoothed = 0;
+// How much of a new sample a low pass lets in that weakens what lies above `hertz`.
+double share_below(double hertz) {
+    return 1 - std::exp(-2 * std::numbers::pi * hertz / samples_per_second);
+}
+
+// Adds the hit; what would lie beyond the end of the track is dropped.
+void strike(Track& track, std::vector<Mode> modes, const Hit& hit, Noise& noise) {
+    constexpr double contact_amplitude = 0.7;
+    for (Mode& mode : modes) {
+        // A long touch does not set off what swings several times meanwhile.
+        const double swings = mode.hertz * hit.contact;
+        mode.amplitude *= noise.between(1 - hit.place, 1 + hit.place) / (1 + swings * swings);
+    }
+    const std::size_t start = sample_index(hit.at);
+    double below_6000 = 0;
+    double below_2000 = 0;
     for (std::size_t i = start; i < track.size(); ++i) {
         const double t = static_cast<double>(i - start) / samples_per_second;
+        // A body that is struck takes a moment to swing: no step at the start.
         double value = 0;
-        for (const Mode& mode : knock.modes) {
-            // A body that is struck takes a moment to swing: no step at the start.
-            value += mode.amplitude * std::exp(-t / mode.decay) *
-                     std::sin(2 * std::numbers::pi * mode.hertz * pitch * t);
-        }
-        smoothed += 0.45 * (noise.next() - smoothed);
-        value += knock.contact_amplitude * std::exp(-t / knock.contact) * smoothed;
-        track[i] += loudness * value;
+        for (const auto& [hertz, decay, amplitude] : modes)
+            value += amplitude * std::exp(-t / decay) * std::sin(2 * std::numbers::pi * hertz * t);
+        const double sample = noise.next();
+        below_6000 += share_below(6000) * (sample - below_6000);
+        below_2000 += share_below(2000) * (sample - below_2000);
+        const double touch = t / hit.contact * std::exp(1 - t / hit.contact);
+        value += contact_amplitude * touch * (below_6000 - below_2000);
+        track[i] += hit.loudness * value;
+    }
+}
+
+// The room answers: each reflection is later by so many seconds and weaker by so much.
+void reflect(Track& track) {
+    constexpr std::pair<double, double> reflections[] = {
+        {0.0043, 0.15}, {0.0071, 0.11}, {0.0112, 0.08}};
+    const Track direct = track;
+    for (const auto& [later, share] : reflections) {
+        const std::size_t offset = sample_index(later);
+        for (std::size_t i = offset; i < track.size(); ++i) track[i] += share * direct[i - offset];
     }
 }
 
@@ -96,8 +121,14 @@ double strength(const Track& track) {
     return std::sqrt(strongest / static_cast<double>(window));
 }
 
-// Brings the track to the strength (of full scale) and ends it in three milliseconds of silence.
+// Takes off what only shifts the whole track, brings it to the strength (of full scale) and ends it
+// in three milliseconds of silence.
 Samples finished(Track track, double wanted_strength) {
+    double shift = 0;
+    for (double& value : track) {
+        shift += share_below(30) * (value - shift);
+        value -= shift;
+    }
     fade_out(track, 0.02);
     const double gain = wanted_strength / strength(track) * 32767;
     Samples samples;
@@ -111,51 +142,56 @@ Samples finished(Track track, double wanted_strength) {
 
 // A fingernail on a small wooden box.
 Samples click() {
-    const Knock knock{{{1750, 0.006, 0.9}, {2930, 0.004, 0.6}, {4600, 0.002, 0.35}}, 0.0012, 0.5};
+    const std::vector<Mode> box = {{520, 0.007, 0.55},
+                                   {830, 0.006, 0.5},
+                                   {1750, 0.006, 0.9},
+                                   {2930, 0.004, 0.6},
+                                   {4600, 0.002, 0.35}};
     Noise noise(11);
     Track track(sample_index(0.060));
-    strike(track, 0, knock, 1, 1, noise);
+    strike(track, box, {0, 1, 0.0001}, noise);
     return finished(std::move(track), 0.115);
 }
 
-// A counter set down in its hole: dull and warm, with a little of the board below it.
+const std::vector<Mode>& board() {
+    static const std::vector<Mode> modes = {
+        {180, 0.022, 0.45}, {310, 0.018, 0.45}, {520, 0.015, 0.8},  {790, 0.012, 0.6},
+        {1260, 0.009, 0.5}, {1900, 0.007, 0.5}, {3300, 0.004, 0.35}};
+    return modes;
+}
+
+// A counter set down in its hole, first on one side and at once on the whole foot; dull, because it
+// is heard at every step.
 Samples step() {
-    const Knock knock{
-        {{190, 0.022, 0.55}, {520, 0.016, 0.9}, {1130, 0.010, 0.55}, {2070, 0.005, 0.25}},
-        0.002,
-        0.35};
     Noise noise(22);
     Track track(sample_index(0.120));
-    strike(track, 0, knock, 1, 1, noise);
+    strike(track, board(), {0, 1, 0.0005}, noise);
+    strike(track, board(), {0.0135, 0.26, 0.0007, 0.4}, noise);
     return finished(std::move(track), 0.11);
 }
 
-// Shaken four times in a leather cup, thrown, and a few ever closer bounces on the board.
+// Shaken in a leather cup, then thrown: a cube does not bounce like a ball, but on a corner and at
+// once on an edge, late and heavily once more, until a last face lies down.
 Samples throw_of_the_die() {
-    const Knock cup{{{640, 0.012, 0.7}, {1480, 0.008, 0.6}, {2650, 0.005, 0.4}}, 0.002, 0.45};
-    const Knock board{
-        {{230, 0.020, 0.5}, {780, 0.014, 0.8}, {1900, 0.008, 0.6}, {3300, 0.004, 0.3}},
-        0.0015,
-        0.5};
+    const std::vector<Mode> cup = {{430, 0.014, 0.6},
+                                   {640, 0.012, 0.7},
+                                   {1080, 0.010, 0.5},
+                                   {1480, 0.008, 0.6},
+                                   {2650, 0.005, 0.4}};
+    constexpr Hit shaken[] = {
+        {0.000, 0.70, 0.0005, 0.5}, {0.074, 0.45, 0.0007, 0.5}, {0.137, 0.75, 0.0004, 0.5},
+        {0.156, 0.35, 0.0006, 0.5}, {0.229, 0.50, 0.0007, 0.5}, {0.298, 0.80, 0.0004, 0.5},
+        {0.384, 0.50, 0.0006, 0.5}, {0.403, 0.65, 0.0004, 0.5}, {0.478, 0.45, 0.0008, 0.5}};
+    constexpr Hit thrown[] = {{0.600, 1.15, 0.0002, 0.5}, {0.618, 0.75, 0.0002, 0.5},
+                              {0.742, 0.70, 0.0003, 0.5}, {0.803, 0.95, 0.0002, 0.5},
+                              {0.821, 0.65, 0.0002, 0.5}, {0.905, 0.60, 0.0003, 0.5},
+                              {0.958, 0.36, 0.0004, 0.5}, {1.003, 0.55, 0.0006, 0.3}};
     Noise noise(33);
-    Noise chance(5);
-    Track track(sample_index(1.06));
-    double at = 0;
-    while (at < 0.54) {
-        const double swing = 0.72 + 0.28 * std::cos(2 * std::numbers::pi * at / 0.14);
-        strike(track, at, cup, swing * chance.between(0.55, 1), chance.between(0.85, 1.2), noise);
-        at += chance.between(0.022, 0.048);
-    }
-    at = 0.60;
-    double gap = 0.115;
-    double loudness = 1.25;
-    while (gap > 0.012 && at < 1.0) {
-        strike(track, at, board, loudness, chance.between(0.92, 1.1), noise);
-        at += gap;
-        gap *= chance.between(0.66, 0.78);
-        loudness *= 0.74;
-    }
-    return finished(std::move(track), 0.13);
+    Track track(sample_index(1.15));
+    for (const Hit& hit : shaken) strike(track, cup, hit, noise);
+    for (const Hit& hit : thrown) strike(track, board(), hit, noise);
+    reflect(track);
+    return finished(std::move(track), 0.12);
 }
 
 void append_number(std::string& bytes, std::uint32_t value, int length) {

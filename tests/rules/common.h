@@ -50,13 +50,6 @@ inline Point point_of(int player, int square) {
     return {Positioner[player][axis_x][square], Positioner[player][axis_y][square]};
 }
 
-/// The place of a piece in its nest.
-inline Point home_of(int b) {
-    static constexpr Point corners[] = {{36, 34}, {274, 34}, {274, 272}, {36, 274}};
-    const auto [left, top] = corners[b / 4];
-    return {left + 42 * (b % 2), top + 42 * (b % 4 / 2)};
-}
-
 /// "0 5 55 0"
 inline std::string squares(int player) {
     std::string result;
@@ -68,15 +61,10 @@ inline int square_of(int b) { return Spelare[b / 4 + 1].Ruta[b % 4 + 1]; }
 
 /// Where a piece belongs now.
 inline Point place_of(int b) {
-    return square_of(b) == square_nest ? home_of(b) : point_of(b / 4 + 1, square_of(b));
-}
-
-/// Whether a piece shares its square on the board with one of its owner's before it.
-inline bool is_marked(int b) {
-    if (square_of(b) == square_nest || square_of(b) == square_finished) return false;
-    for (int lower = b - b % 4; lower < b; ++lower)
-        if (square_of(lower) == square_of(b)) return true;
-    return false;
+    static constexpr Point corners[] = {{36, 34}, {274, 34}, {274, 272}, {36, 274}};
+    if (square_of(b) != square_nest) return point_of(b / 4 + 1, square_of(b));
+    const auto [left, top] = corners[b / 4];
+    return {left + 42 * (b % 2), top + 42 * (b % 4 / 2)};
 }
 
 }  // namespace brusbo::test
