@@ -1,7 +1,6 @@
 #include "platform/accessible.h"
 
 #include <QAbstractButton>
-#include <QAccessible>
 #include <QAccessibleWidget>
 #include <QCheckBox>
 #include <QPointer>
