@@ -2,13 +2,14 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
+#include <span>
 
 namespace brusbo {
 
 struct PackedPicture {
     const std::uint32_t* pixels;  ///< premultiplied 0xAARRGGBB, row by row without padding
-    std::string_view master;      ///< text of the SVG master that shows the picture
+    /// The recorded SVG master that shows the picture: the data of a QPicture, by qCompress.
+    std::span<const unsigned char> master;
 };
 
 /// One for each entry of picture_list, in its order.

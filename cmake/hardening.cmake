@@ -6,5 +6,10 @@ if(NOT BRUSBO_SANITIZE AND NOT BRUSBO_FUZZERS)
     $<$<CONFIG:Release>:-U_FORTIFY_SOURCE>
     $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>
     $<$<CONFIG:Release>:-fstack-protector-strong>)
-  target_link_options(brusbo_options INTERFACE -Wl,-z,relro,-z,now)
+  if(WIN32)
+    target_link_options(brusbo_options INTERFACE
+      -fstack-protector-strong -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
+  else()
+    target_link_options(brusbo_options INTERFACE -Wl,-z,relro,-z,now)
+  endif()
 endif()

@@ -72,7 +72,7 @@ std::int32_t whole_number(std::string_view text, const std::string& place) {
     const double rounded = std::nearbyint(value);  // halves to the even neighbour
     if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
           rounded <= std::numeric_limits<std::int32_t>::max()))
-        throw std::system_error(std::make_error_code(std::errc::result_out_of_range), place);
+        throw std::runtime_error(place + ": talet är för stort");
     return static_cast<std::int32_t>(rounded);
 }
 
@@ -83,7 +83,7 @@ std::int32_t record_value(std::istream& file, int n) {
     file.seekg(std::streamoff{record_size} * (n - 1));
     if (file) file.read(record.data(), record_size);
     const std::string place = "brs.dat, post " + std::to_string(n);
-    if (file.bad()) throw std::system_error(EIO, std::generic_category(), place);
+    if (file.bad()) throw std::runtime_error(place + ": kan inte läsas");
 
     const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(record[at]); };
     const unsigned length = byte(0) + 256U * byte(1);

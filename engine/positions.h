@@ -13,12 +13,12 @@ namespace brusbo {
 /// neither be opened for reading and writing nor for reading alone; else as `read_positions`.
 void Ladda_Positioner();
 
-/// Fills `Positioner` from the records of a positions file. Throws std::system_error when a record
-/// cannot be read or its number does not fit in 32 bits, and std::runtime_error when a record's
-/// length does not fit in the record.
+/// Fills `Positioner` from the records of a positions file. Throws std::runtime_error when a record
+/// cannot be read, when its number does not fit in 32 bits, and when its length does not fit in the
+/// record.
 ///
-/// What is thrown is meant for players: Swedish around the platform's own message, UTF-8, as in
-/// "brs.dat, post 57: Input/output error".
+/// What is thrown is meant for players: Swedish, UTF-8, as in "brs.dat, post 57: kan inte läsas";
+/// only why a file cannot be opened the platform says in its own words.
 void read_positions(std::istream& file);
 
 }  // namespace brusbo

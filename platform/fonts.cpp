@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QRect>
+#include <QStringList>
 
 namespace brusbo {
 
@@ -9,7 +10,8 @@ QFont window_font(Font which) {
     const int pixels = which == Font::heading_bold                         ? 24
                        : which == Font::large || which == Font::large_bold ? 13
                                                                            : 11;
-    QFont result(QStringLiteral("Liberation Sans"));
+    // The second has the measures of the first.
+    QFont result(QStringList{QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
     result.setStyleHint(QFont::SansSerif);
     result.setPixelSize(pixels);
     result.setBold(which == Font::bold || which == Font::large_bold || which == Font::heading_bold);

@@ -33,14 +33,13 @@ QImage stored(Picture picture) {
 
 QImage render(Picture picture, double ratio, Phase phase) {
     const PictureEntry& entry = picture_list[picture.index];
-    const std::string_view master = packed_pictures[picture.index].master;
-    QImage rendered =
-        render_master(QByteArray::fromRawData(master.data(), static_cast<qsizetype>(master.size())),
-                      {QPoint(entry.x, entry.y), picture_size(picture)}, ratio,
-                      QPointF(phase.first, phase.second) / phase_steps);
-    if (!rendered.isNull()) return rendered;
-    return stored(picture).scaled((QSizeF(picture_size(picture)) * ratio).toSize(),
-                                  Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const auto packed_master = packed_pictures[picture.index].master;
+    const QByteArray data =
+        qUncompress(packed_master.data(), static_cast<qsizetype>(packed_master.size()));
+    QPicture master;
+    master.setData(data.constData(), static_cast<uint>(data.size()));
+    return render_master(master, {QPoint(entry.x, entry.y), picture_size(picture)}, ratio,
+                         QPointF(phase.first, phase.second) / phase_steps);
 }
 
 QImage image_for(Picture picture, double ratio, Phase phase) {

@@ -19,8 +19,8 @@ QSize picture_size(Picture picture);
 /// may be moved and scaled alike in both directions, not turned). Where one logical pixel is one
 /// device pixel the stored 1:1 picture is copied; elsewhere the vector master is rendered for the
 /// painter's scale and for the fraction of a device pixel at which it lands, so pictures keep their
-/// exact places relative to each other and nothing is interpolated. Renderings are kept. Without
-/// the SVG image plugin the 1:1 picture is scaled smoothly instead. GUI thread only.
+/// exact places relative to each other and nothing is interpolated. Renderings are kept. GUI
+/// thread only.
 void paint_picture(QPainter& painter, Picture picture, QPoint at);
 
 /// The picture for `ratio` device pixels to the logical one, with that device pixel ratio set.

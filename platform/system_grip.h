@@ -5,11 +5,12 @@
 
 namespace brusbo {
 
-/// Where only the system can move and resize windows, as on Wayland, lets it do so with the pointer
-/// until the button of `press` is released, which the program is not told. False where it is left
-/// to the program; nothing has happened then.
+/// Where the system is the one to move and resize windows, lets it do so with the pointer until the
+/// button of `press` is released, which the element that was pressed is not told. False where it is
+/// left to the program: on X11, and on Windows for all but a left button that is still down;
+/// nothing has happened then.
 bool system_moves(QWidget& window, const QMouseEvent& press);
-/// The same for the size.
+/// The same for the size; on Windows, too, left to the program.
 bool system_resizes(QWidget& window, Qt::Edges edges, const QMouseEvent& press);
 
 /// A hold of the mouse on a window that the program moves itself, by the pointer's distance in

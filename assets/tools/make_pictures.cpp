@@ -1,7 +1,6 @@
 // Makes the 1:1 pictures and the icon's pixel pictures from the masters; ImageMagick writes the GIF
 // files. Usage: make_pictures ASSETS_FOLDER OUTPUT_FOLDER, which has folders pictures and icon.
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QProcess>
@@ -9,6 +8,7 @@
 
 #include "assets/picture_list.h"
 #include "assets/render_master.h"
+#include "assets/tools/record_master.h"
 
 namespace {
 
@@ -17,15 +17,6 @@ namespace {
 constexpr int least_kept_alpha = 110;
 constexpr int least_kept_alpha_on_panel = 40;
 constexpr int icon_master_side = 96;
-
-QImage rendered(const QString& path, QRect region, double ratio = 1) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) qFatal("cannot read %s", qPrintable(path));
-    QImage image = brusbo::render_master(file.readAll(), region, ratio);
-    if (image.isNull())
-        qFatal("cannot draw %s; is Qt's SVG image plugin installed?", qPrintable(path));
-    return image;
-}
 
 /// Soft edges are mixed with the matte and cut: a pixel of a GIF is there or not.
 QImage hard_edged(const QImage& soft, std::uint32_t matte) {
@@ -65,13 +56,15 @@ int main(int argc, char** argv) {
     const QString folder = QString::fromLocal8Bit(argv[1]);
     const QString output = QString::fromLocal8Bit(argv[2]);
     for (const brusbo::PictureEntry& e : brusbo::picture_list) {
+        const QPicture master = record_master(folder + "/masters/" + e.master);
         const QRect region(e.x, e.y, e.width, e.height);
-        const QImage soft = rendered(folder + "/masters/" + e.master, region);
+        const QImage soft = brusbo::render_master(master, region, 1);
         write(hard_edged(soft, e.matte), output + "/pictures/" + e.name);
     }
+    const QPicture icon = record_master(folder + "/icon/brusbo.svg");
     for (const int side : brusbo::all_icon_sides) {
         const QRect region(0, 0, icon_master_side, icon_master_side);
-        write(rendered(folder + "/icon/brusbo.svg", region, double(side) / icon_master_side),
+        write(brusbo::render_master(icon, region, double(side) / icon_master_side),
               output + QString("/icon/brusbo-%1.png").arg(side));
     }
 }

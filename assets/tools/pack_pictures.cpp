@@ -6,6 +6,7 @@
 #include <QTextStream>
 
 #include "assets/picture_list.h"
+#include "assets/tools/record_master.h"
 
 namespace {
 
@@ -22,11 +23,17 @@ QString pixels(const QString& path, QSize size, const QString& array) {
     return text + "};\n";
 }
 
-QString master(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) qFatal("cannot read %s", qPrintable(path));
-    return "R\"~(" + QString::fromUtf8(file.readAll()) + ")~\"";
+/// The recorded drawing as an array of that name.
+QString master(const QString& path, const QString& array) {
+    const QPicture recorded = record_master(path);
+    const QByteArray data = qCompress(
+        QByteArray::fromRawData(recorded.data(), static_cast<qsizetype>(recorded.size())), 9);
+    QString text = "const unsigned char " + array + "[] = {";
+    for (const char byte : data) text += QString::number(static_cast<uchar>(byte)) + ',';
+    return text + "};\n";
 }
+
+QString identifier(QString file) { return file.replace('-', '_').section('.', 0, 0); }
 
 }  // namespace
 
@@ -37,9 +44,12 @@ int main(int argc, char** argv) {
     QString pictures;
     QString icons;
     for (const brusbo::PictureEntry& entry : brusbo::picture_list) {
-        const QString array = QString(entry.name).replace('-', '_').section('.', 0, 0);
+        const QString array = identifier(entry.name);
+        const QString drawing = "drawing_" + identifier(entry.master);
         arrays += pixels(folder + "/pictures/" + entry.name, {entry.width, entry.height}, array);
-        pictures += "{" + array + ", " + master(folder + "/masters/" + entry.master) + "},\n";
+        if (!arrays.contains(drawing))
+            arrays += master(folder + "/masters/" + entry.master, drawing);
+        pictures += "{" + array + ", " + drawing + "},\n";
     }
     for (const int side : brusbo::icon_sides) {
         const QString array = QString("icon_%1").arg(side);

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QPainter>
-#include <QVector3D>
 #include <fstream>
 
 #include "engine/positions.h"
@@ -45,13 +44,6 @@ TEST(Pictures, FitTheirMastersBestWhereTheyArePaintedAtEveryScale) {
         }
 }
 
-TEST(Icons, AreWhatTheirMasterGives) {
-    for (const int side : all_icon_sides) {
-        const QString name = QString("/icon/brusbo-%1.png").arg(side);
-        EXPECT_LT(difference(QImage(BRUSBO_ASSETS + name), QImage(BRUSBO_MADE + name)), rounding);
-    }
-}
-
 TEST(Board, HolesLieUnderThePieces) {
     std::ifstream file(BRUSBO_ASSETS "/data/brs.dat");
     read_positions(file);
@@ -64,20 +56,6 @@ TEST(Board, HolesLieUnderThePieces) {
             for (int reach = 54; reach < 64; ++reach)  // from within the hole to beyond its rim
                 EXPECT_EQ(bare(hole + reach * way), reach > 54 && bare(hole - (reach + 1) * way));
     }
-}
-
-TEST(Counters, AreToldApartByPeopleWhoLackOneKindOfCone) {
-    // The direction in which colours change for the lacking cone alone.
-    const QVector3D unseen[] = {{0.98F, -0.2F, 0}, {-0.9F, 0.44F, -0.04F}, {0.14F, -0.14F, 0.98F}};
-    const auto light = [](int player) {
-        const QImage counter = picture_image(nth(picture("piece-1"), player));
-        const QColor mean = counter.scaled(1, 1, {}, Qt::SmoothTransformation).pixelColor(0, 0);
-        const QVector3D levels(mean.redF(), mean.greenF(), mean.blueF());
-        return levels * levels;
-    };
-    for (const auto& [a, b] : {std::pair(0, 1), {0, 2}, {0, 3}, {1, 2}, {1, 3}, {2, 3}})
-        for (const QVector3D& way : unseen)
-            EXPECT_GT(QVector3D::crossProduct(light(a) - light(b), way).length(), 0.15) << a << b;
 }
 
 }  // namespace brusbo

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <stdlib.h>
-
 #include <deque>
 #include <filesystem>
 #include <random>
@@ -13,17 +11,23 @@
 // What the tests of the rules and of the windows share. Piece pictures are numbered b = 0..15.
 namespace brusbo::test {
 
-inline const std::filesystem::path good_positions = BRUSBO_ASSETS "/data/brs.dat";
+// Found from other drives of Windows, too.
+inline const std::filesystem::path good_positions =
+    std::filesystem::absolute(BRUSBO_ASSETS "/data/brs.dat");
 
 /// A new directory that is the current one while the object lives.
 struct Workplace {
-    Workplace() { std::filesystem::current_path(mkdtemp(path.data())); }
+    Workplace() {
+        std::filesystem::create_directory(path);
+        std::filesystem::current_path(path);
+    }
     ~Workplace() {
         std::filesystem::current_path(before);
         std::filesystem::remove_all(path);
     }
     const std::filesystem::path before = std::filesystem::current_path();
-    std::string path = std::filesystem::temp_directory_path() / "brusbo-XXXXXX";
+    const std::filesystem::path path = std::filesystem::temp_directory_path() /
+                                       ("brusbo-" + std::to_string(std::random_device()()));
 };
 
 /// The random values that the rules ask for.

@@ -6,12 +6,25 @@
 #include <cstdint>
 #include <functional>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 
 #include "engine/engine.h"
 #include "tests/rules/common.h"
 
 namespace brusbo::test {
+
+/// "x y" of player 1's first square and the goal's y, or the error that stops the reading.
+inline std::string outcome(const std::function<void()>& read) {
+    try {
+        read();
+    } catch (const std::runtime_error& error) {
+        return error.what();
+    }
+    const auto [x, y] = point_of(1, 1);
+    return std::to_string(x) + " " + std::to_string(y) + " " +
+           std::to_string(point_of(4, 45).second);
+}
 
 inline std::ostream& operator<<(std::ostream& out, ElementId id) {
     return out << static_cast<int>(id.element) << ' ' << id.index;

@@ -10,7 +10,8 @@ from subprocess import DEVNULL, PIPE, Popen, run
 
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
 DATA = SOURCE / "assets/data"
-PROGRAM = os.environ.get("BRUSBO_PROGRAM", SOURCE / "build/release/bin/brusbo")
+BUILD = pathlib.Path(os.environ.get("BRUSBO_BUILD", SOURCE / "build/release"))
+PROGRAM = BUILD / "bin/brusbo"
 # What the command line takes.
 NOTHING = "-platform offscreen -style x -stylesheet x -reverse -geometry 9x9+9+9".split()
 # Width and height; left, top, width of the first long row of one colour, by which it is found.
@@ -20,6 +21,9 @@ WINDOWS = {
     "menu": (0, 0, 14, 28, 16, b"\x96\x96\x96\xff"),  # its place is the main window's
     "about": (188, 378, 58, 322, 67, b"\xc0\xe0\xff\xff"),
     "farewell": (312, 212, 2, 2, 308, b"\xd6\xd6\xd6\xff"),
+    "red-wins": (309, 294, 16, 68, 278, b"\0\0\xff\xff"),
+    "blue-wins": (309, 294, 16, 68, 278, b"\xff\0\0\xff"),
+    "message": (0, 0, 0, 0, 150, b"\xf0\xf0\xf0\xff"),
     "grown": (352, 242, 2, 2, 348, b"\xd6\xd6\xd6\xff"),  # the same
 }
 # What is looked at or touched: window, left, top, width, height.
@@ -90,6 +94,10 @@ class Desktop(contextlib.ExitStack):
 
     def has_keyboard(self, width, height):
         return f"{width}x{height}\n" in self.hand("getwindowfocus", "getwindowgeometry")
+
+    def has_sound(self, process):
+        maps = pathlib.Path(f"/proc/{process.pid}/maps")
+        wait("the sound part", lambda: b"libbrusbo_sound.so" in maps.read_bytes())
 
     def look(self, x, y, width=1, height=1):
         starts = range(self.first + 4 * x + y * self.stride, len(self.screen), self.stride)
@@ -198,11 +206,48 @@ class Game:
 
     def plays(self):
         self.does("begins throws drags:Namnlist:-71:53 catches_up")
-        maps = pathlib.Path(f"/proc/{self.process.pid}/maps")
-        wait("the sound part", lambda: b"libbrusbo_sound.so" in maps.read_bytes())
+        self.desktop.has_sound(self.process)
         self.does(
             "notes:labMeddelande opens_menu click:mnuNytt_snabbt changes:labMeddelande "
             "goes_out:mnuArkiv lights:mnuOm hand:click:1 click:Klar closes:about "
             "lights:butAvsluta hand:click:1 "
             f"drags:corner:{40 * self.scale}:{30 * self.scale}:1:grown click:Stäng ends"
         )
+
+
+class Everywhere:
+    """What a class of tests with a method that starts the game in any way has in common."""
+
+    def test_plays(self):
+        for scale in (1, 2):
+            self.start("openbox", scale=scale).plays()
+
+    def test_the_mouse(self):
+        self.start("openbox").does(
+            "begins throws drags:Namnlist:61:-41:1 catches_up drags:Namnlist:61:-41:2 catches_up "
+            "drags:Namnlist:61:-41:3 catches_up lights:mnuArkiv lights:mnuOm goes_out:mnuArkiv "
+            "hand:mousemove:3:3 goes_out:mnuOm notes:labMeddelande "
+            "opens_menu click:mnuNytt_snabbt:2 hand:key:Escape closes:menu goes_out:mnuArkiv "
+            "opens_menu click:mnuNytt_snabbt:3 hand:key:Escape closes:menu goes_out:mnuArkiv "
+            "catches_up returns:labMeddelande"
+        )
+
+    def test_keys_alone(self):
+        # The second Return presses butNästa, or the nest exit that is offered. Key 68 is F2; for
+        # its name xdotool presses Alt, too, where the keyboard's data speaks of both.
+        for manager in ((), ("openbox",)):
+            self.start(*manager).does(
+                "has_keyboard:start hand:key:Return closes:start has_keyboard:main "
+                "notes:labMeddelande hand:key:space changes:labMeddelande notes:Picture1 "
+                "hand:key:Shift+Tab:Tab:Return changes:Picture1 hand:key:68 has_keyboard:start "
+                "hand:key:Return closes:start"
+            )
+
+    def test_tells_of_a_bad_positions_file_before_it_shows_a_window(self):
+        folder = self.enterContext(tempfile.TemporaryDirectory())
+        pathlib.Path(folder, "brs.dat").write_bytes(b"\xff" * 128)
+        game = self.start(folder=folder)
+        game.find("message")
+        self.assertFalse(game.sees("start"))
+        game.hand("key", "Return")
+        self.assertGreater(game.process.wait(30), 0)

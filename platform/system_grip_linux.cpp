@@ -1,11 +1,11 @@
-#include "platform/system_grip.h"
-
 #include <xcb/xcb.h>
 
 #include <QGuiApplication>
 #include <QWindow>
 #include <cstdlib>
 #include <memory>
+
+#include "platform/system_grip.h"
 
 namespace brusbo {
 

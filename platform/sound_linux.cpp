@@ -1,10 +1,9 @@
-#include "platform/sound.h"
-
 #include <dlfcn.h>
 
 #include <system_error>
 #include <thread>
 
+#include "platform/sound.h"
 #include "platform/sound_backend/sound_requests.h"
 
 namespace brusbo {

@@ -1,6 +1,6 @@
 // A player who does anything anywhere: legal and illegal, in every window, during throws and walks.
 
-#include "tests/windows/stage.h"
+#include "tests/widgets/stage.h"
 
 namespace brusbo::test {
 namespace {

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <fstream>
 
-#include "tests/windows/stage.h"
+#include "tests/widgets/stage.h"
 
 namespace brusbo::test {
 namespace {
@@ -75,20 +75,6 @@ TEST_F(Manners, OfPlaying) {
     });
 }
 
-TEST_F(Manners, OfTheHand) {
-    expect({
-        {"hover:Tärning cursor:MFrm hover:Label1 cursor:MFrm hover:mnuOm cursor:MFrm mnuOm "
-         "cursor:MFrm Klar",
-         "PointingHand Arrow s2 lit:mnuOm PointingHand s1 [MFrm frmOm* ] Arrow s1 [MFrm ] lit:"},
-        // Neither the blocked piece nor what an action has taken from under the resting mouse.
-        {"hover:Pjäs(0) cursor:MFrm 1=9,10,0,0 2 hover:Tärning cursor:MFrm hover:Pjäs(0) "
-         "cursor:MFrm hover:Pjäs(1) cursor:MFrm hover:Pjäs(4) cursor:MFrm hover:butNästa "
-         "cursor:MFrm Pjäs(1) cursor:MFrm hover:butNästa cursor:MFrm butNästa cursor:MFrm",
-         "Arrow s3 Arrow Arrow PointingHand Arrow Arrow s1 s2 s2 1=9,12,0,0 Arrow PointingHand s1 "
-         "turn:2 Arrow"},
-    });
-}
-
 TEST_F(Manners, OfTheKeys) {
     expect({
         {"3 focus: butNästa focus: dice:4 key:Space focus: key:Space focus: Label1 focus:",
@@ -131,10 +117,6 @@ TEST_F(Manners, OfTheTitleBar) {
          "~pull:@-50,0 ~drop:@0,0 press:Slut@100,1 pull:@0,400 drop:@0,0",
          "s2 s1 [MFrm Slut* ] lit:butAvsluta Slut,128,101,312,212 lit: Slut,128,101,342,217 "
          "Slut,118,81,352,237 Slut,350,81,120,237 Slut,350,258,120,60"},
-        {"close:MFrm hover:Slut@15,1 cursor:Slut hover:Slut@16,1 cursor:Slut hover:Slut@1,196 "
-         "cursor:Slut hover:Slut@1,195 cursor:Slut hover:Slut@4,99 cursor:Slut",
-         "s1 [MFrm Slut* ] Slut,128,101,312,212 SizeFDiag SizeVer SizeBDiag "
-         "SizeHor Arrow"},
         // Any button moves the window, where nothing lies on the bar.
         {"press:MFrm@320,5 pull:@15,-10 pull:@15,-10 drop:@0,0 hover:@50,50 ~press:MFrm@320,30 "
          "~pull:@-7,8 ~drop:@0,0 press:Label1 pull:@9,9 drop:@0,0 press:labPjäser_klara pull:@9,9",
@@ -175,7 +157,7 @@ TEST_F(Manners, OfNames) {
 }
 
 TEST_F(Manners, OfWhatElementsTell) {
-    const char* const file = BRUSBO_SOURCES "/tests/windows/elements.txt";
+    const char* const file = BRUSBO_SOURCES "/tests/widgets/elements.txt";
     start(
         "tells:Startfrm Starta 4 tells:MFrm mnuOm tells:frmOm Klar 1=55,55,44,55 butNästa 3 "
         "butNästa 1 Pjäs(2) tells:Grattis butNytt_snabbt close:MFrm tells:Slut");

@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QFontMetrics>
 #include <QMenu>
-#include <QMetaEnum>
 #include <QTest>
 #include <QThread>
 #include <QTimer>
@@ -115,7 +114,7 @@ inline void look(const QString& name) {
     if (name.contains("scale") != (qApp->devicePixelRatio() != 1)) return;
     if (qEnvironmentVariableIsSet("FONTCONFIG_FILE")) return;
     const QImage seen = front().grab().toImage().convertToFormat(QImage::Format_RGB32);
-    const QString folder = name.startsWith("docs/") ? "/" : "/tests/windows/pictures/";
+    const QString folder = name.startsWith("docs/") ? "/" : "/tests/widgets/pictures/";
     const QString file = BRUSBO_SOURCES + folder + name + ".png";
     if (look_alike(seen, QImage(file))) return;
     const bool approve = qEnvironmentVariableIsSet("BRUSBO_APPROVE");
@@ -167,11 +166,6 @@ class Stage : public testing::Test {
                 for (const int number : {box.x(), box.y(), box.width(), box.height()})
                     told += QString("|%1").arg(number);
             }
-        };
-        verbs["cursor:"] = [this](auto& name) {
-            const auto shapes = QMetaEnum::fromType<Qt::CursorShape>();
-            told += QString(" ") + shapes.valueToKey(at(name).cursor().shape());
-            told.chop(6);  // "Cursor"
         };
     }
 

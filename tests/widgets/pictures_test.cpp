@@ -2,7 +2,7 @@
 // the build directory; `cmake --build build/release --target screenshots` approves what is seen
 // now.
 
-#include "tests/windows/stage.h"
+#include "tests/widgets/stage.h"
 
 namespace brusbo::test {
 namespace {
