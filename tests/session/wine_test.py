@@ -51,7 +51,7 @@ class Windows(Everywhere, unittest.TestCase):
             command = ["convert", APPROVED, "-crop", crop, "bgra:-"]
             approved = run(command, capture_output=True, check=True).stdout
             self.assertEqual(b"".join(game.look(name)), approved, name)
-        game.does("hand:mousemove:3:3 notes:main click:butMini closes:main")
+        game.does("hand:mousemove:3:3 goes_out:mnuArkiv notes:main click:butMini closes:main")
         icon = "mousemove 60 1390 click --repeat 2 1 mousemove 3 3".split()
         wait("it to come back", lambda: [game.hand(*icon)] and game.sees("main"))
         game.does("returns:main")
