@@ -3,23 +3,11 @@
 if(NOT TARGET brusbo)
   return()
 endif()
-find_program(BRUSBO_CONVERT NAMES magick convert REQUIRED)
-set(brusbo_icon ${PROJECT_BINARY_DIR}/brusbo.ico)
-set(icon_pictures)
-foreach(side IN ITEMS 16 32 48 64 128)
-  list(APPEND icon_pictures ${PROJECT_SOURCE_DIR}/assets/icon/brusbo-${side}.png)
-endforeach()
-add_custom_command(OUTPUT ${brusbo_icon}
-  COMMAND ${BRUSBO_CONVERT} ${icon_pictures} ${brusbo_icon}
-  DEPENDS ${icon_pictures}
-  VERBATIM)
-add_custom_target(icon DEPENDS ${brusbo_icon})
-add_dependencies(brusbo icon)
-
+set(brusbo_icon ${PROJECT_SOURCE_DIR}/assets/icon/brusbo.ico)
 enable_language(RC)
 configure_file(packaging/windows/brusbo.rc.in brusbo.rc @ONLY)
 set_source_files_properties(${PROJECT_BINARY_DIR}/brusbo.rc TARGET_DIRECTORY brusbo PROPERTIES
-  OBJECT_DEPENDS ${PROJECT_SOURCE_DIR}/packaging/windows/brusbo.manifest
+  OBJECT_DEPENDS "${brusbo_icon};${PROJECT_SOURCE_DIR}/packaging/windows/brusbo.manifest"
   COMPILE_OPTIONS "-c;65001")
 target_sources(brusbo PRIVATE ${PROJECT_BINARY_DIR}/brusbo.rc)
 # Nothing that is not called, no time of day.
