@@ -81,12 +81,24 @@ SectionEnd
 Section Uninstall
   !insertmacro EndIfRunning
   Delete "$INSTDIR\brs.dat"
-  Delete "$INSTDIR\s?.wav"
-  Delete "$INSTDIR\licenses\*.txt"
+  Delete "$INSTDIR\s1.wav"
+  Delete "$INSTDIR\s2.wav"
+  Delete "$INSTDIR\s3.wav"
+  Delete "$INSTDIR\licenses\Brusbo.txt"
+  Delete "$INSTDIR\licenses\NOTICE.txt"
+  Delete "$INSTDIR\licenses\LGPL-3.txt"
+  Delete "$INSTDIR\licenses\GPL-3.txt"
+  Delete "$INSTDIR\licenses\libqt6core6.txt"
+  Delete "$INSTDIR\licenses\g++-mingw-w64-x86-64-posix.txt"
+  Delete "$INSTDIR\licenses\mingw-w64-x86-64-dev.txt"
   RMDir "$INSTDIR\licenses"
   Delete "$INSTDIR\uninstall.exe"
   SetOutPath "$TEMP"
   RMDir "$INSTDIR"
-  Delete "$SMPROGRAMS\Brusbo.lnk"
-  DeleteRegKey HKCU "${KEY}"
+  ; These may be another folder's, into which it was installed later.
+  ReadRegStr $0 HKCU "${KEY}" "InstallLocation"
+  ${If} $0 == $INSTDIR
+    Delete "$SMPROGRAMS\Brusbo.lnk"
+    DeleteRegKey HKCU "${KEY}"
+  ${EndIf}
 SectionEnd
